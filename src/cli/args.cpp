@@ -1,0 +1,62 @@
+#include "cli/args.h"
+
+#include <charconv>
+
+namespace parlex::cli {
+
+std::optional<std::string> Args::value(std::string_view name) const {
+    if (auto it = values.find(name); it != values.end())
+        return it->second;
+    return std::nullopt;
+}
+
+std::variant<Args, UsageError> parseArgs(std::span<char* const> words,
+                                         std::span<const OptionSpec> options) {
+    Args args;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const std::string_view word = words[i];
+        if (word == "--help" || word == "-h") {
+            args.help = true;
+            continue;
+        }
+        if (word.size() > 2 && word.starts_with("--")) {
+            std::string_view name = word;
+            std::optional<std::string_view> inlineValue;
+            if (auto eq = word.find('='); eq != std::string_view::npos) {
+                name = word.substr(0, eq);
+                inlineValue = word.substr(eq + 1);
+            }
+            const OptionSpec* spec = nullptr;
+            for (const auto& o : options)
+                if (o.name == name)
+                    spec = &o;
+            if (!spec)
+                return UsageError{"неизвестный параметр " + std::string(name)};
+            if (!spec->takesValue) {
+                if (inlineValue)
+                    return UsageError{"параметр " + std::string(name) + " не принимает значения"};
+                args.flags.emplace(name);
+            } else if (inlineValue) {
+                args.values[std::string(name)] = std::string(*inlineValue);
+            } else if (i + 1 < words.size()) {
+                args.values[std::string(name)] = words[++i];
+            } else {
+                return UsageError{"параметру " + std::string(name) + " нужно значение"};
+            }
+            continue;
+        }
+        args.positional.emplace_back(word);
+    }
+    return args;
+}
+
+std::optional<long long> parseNumber(std::string_view text, long long min, long long max) {
+    long long value = 0;
+    const auto* end = text.data() + text.size();
+    const auto [ptr, ec] = std::from_chars(text.data(), end, value);
+    if (text.empty() || ec != std::errc() || ptr != end || value < min || value > max)
+        return std::nullopt;
+    return value;
+}
+
+} // namespace parlex::cli

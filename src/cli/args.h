@@ -1,0 +1,46 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace parlex::cli {
+
+// Exit statuses of every command.
+inline constexpr int kOk = 0;
+inline constexpr int kFailed = 1; // a file or value cannot be used
+inline constexpr int kUsage = 2;  // the command line itself is wrong
+
+struct OptionSpec {
+    std::string_view name; // "--record"
+    bool takesValue;
+};
+
+struct Args {
+    std::vector<std::string> positional;
+    std::map<std::string, std::string, std::less<>> values;
+    std::set<std::string, std::less<>> flags;
+    bool help = false;
+
+    bool has(std::string_view name) const { return values.contains(name) || flags.contains(name); }
+    std::optional<std::string> value(std::string_view name) const;
+};
+
+struct UsageError {
+    std::string message;
+};
+
+// Splits the words of a command line by the options the command knows.
+// "--help"/"-h" anywhere asks for help; unknown options are usage errors.
+std::variant<Args, UsageError> parseArgs(std::span<char* const> words,
+                                         std::span<const OptionSpec> options);
+
+// Parses a whole decimal number in [min, max]; nothing if the text is anything else.
+std::optional<long long> parseNumber(std::string_view text, long long min, long long max);
+
+} // namespace parlex::cli

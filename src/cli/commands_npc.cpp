@@ -1,0 +1,125 @@
+// Commands on script files: info, dump, set, convert.
+#include "cli/commands.h"
+#include "cli/json.h"
+#include "explain/fieldlayout.h"
+#include "npc/npcfile.h"
+
+#include <ostream>
+
+namespace parlex::cli {
+namespace {
+
+int runInfo(const Args& args, Io io) {
+    if (args.positional.size() != 1)
+        return usage("info", "нужен ровно один файл .npc", io);
+    auto file = NpcFile::load(args.positional[0]);
+    if (!file)
+        return report(file.error(), io);
+    if (args.has("--json")) {
+        io.out << "{\"type\":" << jsonString(typeTag(file->type()))
+               << ",\"typeText\":" << jsonString(typeText(file->type()))
+               << ",\"records\":" << file->recordCount()
+               << ",\"nonEmpty\":" << file->nonEmptyCount() << "}\n";
+    } else {
+        io.out << "Тип файла:\n"
+               << typeText(file->type()) << "\nЗаписей: " << file->nonEmptyCount() << "\n";
+    }
+    return kOk;
+}
+
+int runDump(const Args& args, Io io) {
+    if (args.positional.size() != 1)
+        return usage("dump", "нужен ровно один файл .npc", io);
+    auto file = NpcFile::load(args.positional[0]);
+    if (!file)
+        return report(file.error(), io);
+    for (std::size_t i = 0; i < file->recordCount(); ++i)
+        io.out << (i < 9 ? "0" : "") << i + 1 << ": " << toHex(file->record(i)) << "\n";
+    return kOk;
+}
+
+int runSet(const Args& args, Io io) {
+    if (args.positional.size() != 1)
+        return usage("set", "нужен ровно один файл .npc", io);
+    for (const char* name : {"--record", "--field", "--value"})
+        if (!args.has(name))
+            return usage("set", std::string("не задан параметр ") + name, io);
+    const auto record = parseNumber(*args.value("--record"), 1, 50);
+    const auto field = parseNumber(*args.value("--field"), 0, 31);
+    const auto value = parseNumber(*args.value("--value"), 0, 4294967295LL);
+    if (!field || !editableFieldWidth(static_cast<int>(*field)))
+        return report({ErrorKind::Invalid, "Поле \"" + *args.value("--field") +
+                                               "\" нельзя изменить: допустимы поля 0, 2, 4, 6, "
+                                               "8-19, 20, 22, 24, 26, 28-31."},
+                      io);
+    if (!value)
+        return report({ErrorKind::Invalid, "Значение \"" + *args.value("--value") +
+                                               "\" не является целым неотрицательным числом."},
+                      io);
+    auto file = NpcFile::load(args.positional[0]);
+    if (!file)
+        return report(file.error(), io);
+    if (!record || !file->hasRecordAt(static_cast<int>(*record)))
+        return report({ErrorKind::Invalid, "Записи \"" + *args.value("--record") +
+                                               "\" в файле нет: записи с 1 по " +
+                                               std::to_string(file->recordCount()) + "."},
+                      io);
+    NpcRecord changed = file->record(static_cast<std::size_t>(*record - 1));
+    if (auto set =
+            setFieldValue(changed, static_cast<int>(*field), static_cast<std::uint32_t>(*value));
+        !set)
+        return report(set.error(), io);
+    file->setRecord(static_cast<std::size_t>(*record - 1), changed);
+    if (auto saved = file->save(); !saved)
+        return report(saved.error(), io);
+    return kOk;
+}
+
+int runConvert(const Args& args, Io io) {
+    if (args.positional.size() != 2)
+        return usage("convert", "нужны два пути: исходный файл и файл результата", io);
+    auto source = npcformat::readScript(args.positional[0]);
+    if (!source)
+        return report(source.error(), io);
+    const NpcFileType from = npcformat::detectType(*source);
+    const NpcFileType to = otherType(from);
+    auto done = npcformat::convertFile(args.positional[0], args.positional[1], to);
+    if (!done)
+        return report(done.error(), io);
+    io.out << args.positional[0] << " (" << typeTag(from) << ") -> " << args.positional[1] << " ("
+           << typeTag(to) << ")\n";
+    return kOk;
+}
+
+constexpr OptionSpec kJson[] = {{"--json", false}};
+constexpr OptionSpec kSetOptions[] = {{"--record", true}, {"--field", true}, {"--value", true}};
+
+constexpr Command kCommands[] = {
+    {"info", "info FILE.npc [--json]", "тип файла и число непустых записей", "", kJson, runInfo},
+    {"dump",
+     "dump FILE.npc",
+     "все записи файла: номер и 32 байта в шестнадцатеричном виде",
+     "",
+     {},
+     runDump},
+    {"set", "set FILE.npc --record N --field F --value V",
+     "записывает одно поле записи и сохраняет файл в его формате",
+     "N: номер записи с 1. F: поле 0, 2, 4, 6, 20, 22, 24, 26 (Word, 0-65535)\n"
+     "или 8-19, 28, 29, 30, 31 (Byte, 0-255). V: десятичное число.\n"
+     "Недопустимое значение, поле или запись: код 1, файл не изменяется.",
+     kSetOptions, runSet},
+    {"convert",
+     "convert SRC.npc DST.npc",
+     "записывает DST в другом формате (\"ub\" <-> \"ja\"); SRC и DST могут совпадать",
+     "",
+     {},
+     runConvert},
+};
+
+} // namespace
+
+std::span<const Command> npcCommands() {
+    return kCommands;
+}
+
+} // namespace parlex::cli

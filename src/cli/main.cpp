@@ -1,0 +1,86 @@
+// parlex-cli: the rules of Parlex for scripts and batch work.
+#include "cli/commands.h"
+
+#include <iostream>
+#include <vector>
+
+using namespace parlex::cli;
+
+namespace {
+
+std::vector<const Command*> allCommands() {
+    std::vector<const Command*> all;
+    for (auto group : {npcCommands(), listCommands(), explainCommands(), edtCommands()})
+        for (const auto& c : group)
+            all.push_back(&c);
+    return all;
+}
+
+void printOverview(std::ostream& out) {
+    out << "parlex-cli: работа со скриптами .npc, речевыми файлами .edt и списками кодов\n\n"
+           "Использование: parlex-cli КОМАНДА [ПАРАМЕТРЫ]\n\nКоманды:\n";
+    for (const Command* c : allCommands())
+        out << "  " << c->usage << "\n      " << c->summary << "\n";
+    out << "\nparlex-cli КОМАНДА --help  подробности о команде.\n"
+           "Код выхода: 0 успех, 1 файл или значение нельзя использовать, 2 неверный вызов.\n";
+}
+
+void printHelp(const Command& c, std::ostream& out) {
+    out << "Использование: parlex-cli " << c.usage << "\n\n" << c.summary << "\n";
+    if (!c.details.empty())
+        out << "\n" << c.details << "\n";
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::vector<char*> words(argv + 1, argv + argc);
+    Io io{std::cout, std::cerr};
+    if (words.empty()) {
+        printOverview(std::cerr);
+        return kUsage;
+    }
+    const std::string_view first = words[0];
+    if (first == "--help" || first == "-h" || first == "help") {
+        printOverview(std::cout);
+        return kOk;
+    }
+    const Command* command = nullptr;
+    std::size_t used = 0;
+    for (const Command* c : allCommands()) {
+        const std::string_view name = c->name;
+        if (auto space = name.find(' '); space != std::string_view::npos) {
+            if (words.size() >= 2 && name.substr(0, space) == first &&
+                name.substr(space + 1) == words[1]) {
+                command = c;
+                used = 2;
+            }
+        } else if (name == first) {
+            command = c;
+            used = 1;
+        }
+    }
+    if (!command) {
+        bool group = false;
+        for (const Command* c : allCommands())
+            group = group || std::string_view(c->name).starts_with(std::string(first) + " ");
+        if (group && (words.size() == 1 || std::string_view(words[1]) == "--help")) {
+            for (const Command* c : allCommands())
+                if (std::string_view(c->name).starts_with(std::string(first) + " "))
+                    std::cout << "parlex-cli " << c->usage << "\n    " << c->summary << "\n";
+            return words.size() == 1 ? kUsage : kOk;
+        }
+        std::cerr << "parlex-cli: неизвестная команда \"" << first
+                  << "\". Список команд: parlex-cli --help\n";
+        return kUsage;
+    }
+    const auto parsed = parseArgs(std::span(words).subspan(used), command->options);
+    if (const auto* error = std::get_if<UsageError>(&parsed))
+        return usage(command->name, error->message, io);
+    const Args& args = std::get<Args>(parsed);
+    if (args.help) {
+        printHelp(*command, std::cout);
+        return kOk;
+    }
+    return command->run(args, io);
+}

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "common/error.h"
+#include "npc/npcfiletype.h"
+#include "npc/npcformat.h"
+#include "npc/npcrecord.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace parlex {
+
+// The open script: its records, where it came from, and the records as last read
+// from disk, against which the change test compares.
+class NpcFile {
+public:
+    // Reads a script. On failure nothing is returned, so the caller's open document
+    // (with its path) stays exactly as it was.
+    static Result<NpcFile> load(const std::filesystem::path& path);
+
+    // A script made from file bytes; `path` is where they came from.
+    static NpcFile fromBytes(const npcformat::FileBytes& bytes, std::filesystem::path path);
+
+    // A new, unsaved document: 50 empty records of the "ub" layout.
+    static NpcFile makeNew();
+
+    NpcFileType type() const { return type_; }
+    std::size_t recordCount() const { return records_.size(); }
+    const std::vector<NpcRecord>& records() const { return records_; }
+
+    // Position 1-50 as the slider counts; a "ja" script has no record at 50.
+    bool hasRecordAt(int position) const;
+    const NpcRecord& record(std::size_t index) const { return records_.at(index); }
+    void setRecord(std::size_t index, const NpcRecord& record) { records_.at(index) = record; }
+
+    // Whole-record commands. None of them adds or removes a record.
+    void wipe(std::size_t index) { setRecord(index, kEmptyRecord); }
+    void resetToNeutral(std::size_t index) { setRecord(index, kNeutralRecord); }
+
+    // Changed exactly when the records differ from those of the last load; the tail
+    // of a "ja" file is not part of the test.
+    bool isChanged() const { return records_ != baseline_; }
+    bool isNew() const { return isNew_; }
+
+    const std::filesystem::path& path() const { return path_; }
+    std::string title() const { return path_.filename().string(); }
+
+    std::size_t nonEmptyCount() const;
+
+    // The 1600 bytes a save writes. The layout follows the number of records: 49
+    // records get the "ja" mark in front and a zero tail behind.
+    npcformat::FileBytes toBytes() const;
+
+    // True when a save has to ask for a name: a new document, or one whose file is gone.
+    bool needsSaveAs() const;
+
+    // Writes the document to its own file, then reads it back from disk.
+    Result<void> save();
+
+    // Writes the document to `path` (atomically), then reads it back from there: the
+    // layout may change with it, as the first four bytes decide. A read-only drive is
+    // refused with its message; on failure the document stays as it was, still changed.
+    Result<void> saveAs(const std::filesystem::path& path);
+
+private:
+    NpcFileType type_ = NpcFileType::Ub;
+    std::vector<NpcRecord> records_;
+    std::vector<NpcRecord> baseline_;
+    std::filesystem::path path_;
+    bool isNew_ = false;
+};
+
+// The copied record. It is no part of any document, so it outlives loads and can
+// carry a record from one script into another.
+class RecordBuffer {
+public:
+    void copyFrom(const NpcFile& file, std::size_t index) { record_ = file.record(index); }
+    bool isFilled() const { return record_.has_value(); }
+    // Pastes over record `index`; does nothing while the buffer is empty.
+    void pasteInto(NpcFile& file, std::size_t index) const {
+        if (record_)
+            file.setRecord(index, *record_);
+    }
+    void clear() { record_.reset(); }
+    const std::optional<NpcRecord>& content() const { return record_; }
+
+private:
+    std::optional<NpcRecord> record_;
+};
+
+} // namespace parlex

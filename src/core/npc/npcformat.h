@@ -1,0 +1,41 @@
+#pragma once
+
+#include "common/error.h"
+#include "npc/npcfiletype.h"
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <span>
+
+// The 1600-byte script file on disk and the rewriting of one layout into the other.
+namespace parlex::npcformat {
+
+inline constexpr std::size_t kFileSize = 1600;
+inline constexpr std::size_t kJaHeaderSize = 4;
+inline constexpr std::array<std::uint8_t, 4> kJaMark{0x39, 0x00, 0x35, 0x00};
+
+using FileBytes = std::array<std::uint8_t, kFileSize>;
+
+// The layout is told by the first four bytes alone.
+NpcFileType detectType(std::span<const std::uint8_t> bytes);
+
+// Offset of record `index` (from 0) in a file of that layout.
+constexpr std::size_t recordOffset(NpcFileType type, std::size_t index) {
+    return (type == NpcFileType::Ja ? kJaHeaderSize : 0) + index * 32;
+}
+
+// Reads a script file, refusing any other size with the size message.
+Result<FileBytes> readScript(const std::filesystem::path& path);
+
+// The bytes of `source` rewritten into the `target` layout. Records 1-49 keep their
+// place; "ub" record 50 goes into the "ja" tail and comes back from it. Converting
+// into the layout the source already has is refused.
+Result<FileBytes> convertLayout(const FileBytes& source, NpcFileType target);
+
+// Reads `source`, converts it and writes `target` atomically (they may be one file).
+// Returns the layout of the source.
+Result<NpcFileType> convertFile(const std::filesystem::path& source,
+                                const std::filesystem::path& target, NpcFileType targetType);
+
+} // namespace parlex::npcformat

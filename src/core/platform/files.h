@@ -1,0 +1,56 @@
+#pragma once
+
+#include "common/error.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+// The few questions Parlex asks of the operating system.
+namespace parlex::platform {
+
+namespace fs = std::filesystem;
+
+enum class DriveKind {
+    Fixed,    // a local, writable file system
+    ReadOnly, // mounted read-only, or an optical-disc file system
+    Network,  // NFS, SMB and the like
+};
+
+// The kind of the file system that holds `path` (or would hold it: for a path
+// that does not exist yet the nearest existing folder above it is asked).
+DriveKind driveKind(const fs::path& path);
+
+// The mount point of the file system that holds `path`, as the user would name it.
+std::string driveRoot(const fs::path& path);
+
+// "Диск <root>\nтолько для чтения" and, with `hint`, "\nУкажите другой путь".
+Error readOnlyDriveError(const fs::path& path, bool hint);
+
+bool fileExists(const fs::path& path);
+
+// The whole file. Failures carry the read message with the system's description.
+Result<std::vector<std::uint8_t>> readFile(const fs::path& path);
+
+// Length of a file in bytes.
+Result<std::uintmax_t> fileSize(const fs::path& path);
+
+// Replaces `path` with exactly `bytes`: writes a temporary file in the same folder,
+// flushes it to disk and renames it over the target. A read-only target is replaced
+// all the same and stays writable for its owner. On failure the old file is untouched.
+Result<void> writeFileAtomic(const fs::path& path, std::span<const std::uint8_t> bytes);
+Result<void> writeFileAtomic(const fs::path& path, std::string_view bytes);
+
+// "Ошибка во время чтения файла. Error N\n<system description>" and its save twin.
+std::string readErrorMessage(int errorNumber);
+std::string writeErrorMessage(int errorNumber);
+
+// The folder of the running executable.
+fs::path programDir();
+
+// The file name part of a path as the user typed it.
+std::string fileTitle(const fs::path& path);
+
+} // namespace parlex::platform

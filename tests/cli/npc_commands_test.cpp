@@ -1,0 +1,135 @@
+#include "clirun.h"
+#include "npc/npcformat.h"
+
+#include <gtest/gtest.h>
+
+using clitest::cli;
+using testutil::TempDir;
+
+namespace {
+
+TEST(CliInfo, TextAndJsonDescribeTheExample) {
+    auto text = cli({"info", PARLEX_EXAMPLE});
+    EXPECT_EQ(text.status, 0) << text.err;
+    EXPECT_EQ(text.out, "Тип файла:\nJA2-англ. JA2UB-любая версия\nЗаписей: 12\n");
+    auto json = cli({"info", PARLEX_EXAMPLE, "--json"});
+    EXPECT_EQ(json.status, 0);
+    EXPECT_EQ(json.out, "{\"type\":\"ub\",\"typeText\":\"JA2-англ. JA2UB-любая версия\","
+                        "\"records\":50,\"nonEmpty\":12}\n");
+}
+
+TEST(CliInfo, JaFileCounts49Records) {
+    TempDir dir;
+    testutil::writeBytes(dir / "ja.npc", testutil::jaBytes());
+    auto run = cli({"info", "--json", (dir / "ja.npc").string()});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, "{\"type\":\"ja\",\"typeText\":\"Агония Власти\",\"records\":49,"
+                       "\"nonEmpty\":49}\n");
+}
+
+TEST(CliDump, OneLinePerRecordWithUpperCaseHex) {
+    TempDir dir;
+    auto bytes = std::vector<std::uint8_t>(1600, 0);
+    bytes[32] = 0xAB, bytes[63] = 0x0F;
+    testutil::writeBytes(dir / "d.npc", bytes);
+    auto run = cli({"dump", (dir / "d.npc").string()});
+    EXPECT_EQ(run.status, 0);
+    std::vector<std::string> lines;
+    std::size_t start = 0, nl;
+    while ((nl = run.out.find('\n', start)) != std::string::npos) {
+        lines.push_back(run.out.substr(start, nl - start));
+        start = nl + 1;
+    }
+    ASSERT_EQ(lines.size(), 50u);
+    std::string expected = "02: AB";
+    for (int i = 0; i < 30; ++i)
+        expected += " 00";
+    EXPECT_EQ(lines[1], expected + " 0F");
+    EXPECT_TRUE(lines[49].starts_with("50: 00 00"));
+}
+
+TEST(CliSet, WritesOneFieldAndSavesInTheSameLayout) {
+    TempDir dir;
+    const auto path = dir / "s.npc";
+    testutil::writeBytes(path, testutil::jaBytes());
+    auto run = cli({"set", path.string(), "--record", "2", "--field", "26", "--value", "65229"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    auto bytes = testutil::readBytes(path);
+    EXPECT_EQ(parlex::npcformat::detectType(bytes), parlex::NpcFileType::Ja);
+    EXPECT_EQ(bytes[4 + 32 + 26], 0xCD);
+    EXPECT_EQ(bytes[4 + 32 + 27], 0xFE);
+    EXPECT_EQ(std::vector<std::uint8_t>(bytes.begin() + 1572, bytes.end()),
+              std::vector<std::uint8_t>(28, 0));
+}
+
+TEST(CliSet, RefusalsLeaveTheFileUntouched) {
+    TempDir dir;
+    const auto path = dir / "r.npc";
+    const auto ja = testutil::jaBytes();
+    testutil::writeBytes(path, ja);
+    struct Case {
+        std::vector<std::string> args;
+        int status;
+    } cases[] = {
+        {{"--record", "50", "--field", "0", "--value", "1"}, 1}, // no record 50 in "ja"
+        {{"--record", "0", "--field", "0", "--value", "1"}, 1},
+        {{"--record", "1", "--field", "1", "--value", "1"}, 1},   // not a field
+        {{"--record", "1", "--field", "8", "--value", "256"}, 1}, // too big for a byte
+        {{"--record", "1", "--field", "0", "--value", "65536"}, 1},
+        {{"--record", "1", "--field", "0", "--value", "-1"}, 1},
+        {{"--record", "1", "--field", "0", "--value", "abc"}, 1},
+        {{"--record", "1", "--field", "0"}, 2}, // value missing
+        {{"--record", "1", "--field", "0", "--value", "1", "--bogus"}, 2},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> args{"set", path.string()};
+        args.insert(args.end(), c.args.begin(), c.args.end());
+        auto run = cli(args);
+        EXPECT_EQ(run.status, c.status) << ::testing::PrintToString(c.args);
+        EXPECT_FALSE(run.err.empty());
+        EXPECT_TRUE(run.out.empty());
+        EXPECT_EQ(testutil::readBytes(path), ja) << ::testing::PrintToString(c.args);
+    }
+}
+
+TEST(CliConvert, RewritesIntoTheOtherLayoutAlsoOntoItself) {
+    TempDir dir;
+    const auto src = dir / "a.npc";
+    const auto ub = testutil::patternBytes(1600, 4);
+    testutil::writeBytes(src, ub);
+    auto run = cli({"convert", src.string(), (dir / "b.npc").string()});
+    ASSERT_EQ(run.status, 0) << run.err;
+    auto b = testutil::readBytes(dir / "b.npc");
+    EXPECT_EQ(parlex::npcformat::detectType(b), parlex::NpcFileType::Ja);
+    EXPECT_EQ(testutil::readBytes(src), ub) << "the source is not touched";
+    run = cli({"convert", (dir / "b.npc").string(), (dir / "b.npc").string()});
+    ASSERT_EQ(run.status, 0) << run.err;
+    b = testutil::readBytes(dir / "b.npc");
+    EXPECT_TRUE(std::equal(ub.begin(), ub.begin() + 1596, b.begin()));
+}
+
+TEST(CliErrors, SizeMessageAndExitStatuses) {
+    TempDir dir;
+    testutil::writeBytes(dir / "big.npc", std::vector<std::uint8_t>(1601, 0));
+    auto run = cli({"info", (dir / "big.npc").string()});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.err.find("больше чем 1600 байт"), std::string::npos) << run.err;
+    EXPECT_EQ(cli({}).status, 2);
+    EXPECT_EQ(cli({"frobnicate"}).status, 2);
+    EXPECT_EQ(cli({"info"}).status, 2);
+    auto help = cli({"--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.out.find("convert SRC.npc DST.npc"), std::string::npos);
+    auto setHelp = cli({"set", "--help"});
+    EXPECT_EQ(setHelp.status, 0);
+    EXPECT_NE(setHelp.out.find("--record N"), std::string::npos);
+}
+
+TEST(Example, BundledScriptIsWhatTheGeneratorWrites) {
+    TempDir dir;
+    auto run = clitest::runProgram(PARLEX_MAKE_EXAMPLE, {(dir / "053.npc").string()});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(testutil::readBytes(dir / "053.npc"), testutil::readBytes(PARLEX_EXAMPLE));
+}
+
+} // namespace

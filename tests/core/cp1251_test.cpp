@@ -1,0 +1,71 @@
+#include "text/cp1251.h"
+
+#include <gtest/gtest.h>
+#include <iconv.h>
+
+using namespace parlex::text;
+
+namespace {
+
+// The C library's own converter, as an independent reference.
+std::string referenceDecode(unsigned char byte) {
+    iconv_t cd = ::iconv_open("UTF-8", "CP1251");
+    char in[1] = {static_cast<char>(byte)};
+    char out[8] = {};
+    char* inp = in;
+    char* outp = out;
+    std::size_t inLeft = 1, outLeft = sizeof out;
+    const std::size_t r = ::iconv(cd, &inp, &inLeft, &outp, &outLeft);
+    ::iconv_close(cd);
+    return r == static_cast<std::size_t>(-1) ? std::string() : std::string(out, outp);
+}
+
+TEST(Cp1251, EveryDefinedByteDecodesLikeTheSystemConverter) {
+    int checked = 0;
+    for (int b = 0; b < 256; ++b) {
+        const std::string expected = referenceDecode(static_cast<unsigned char>(b));
+        if (expected.empty())
+            continue; // undefined in the system's table (0x98)
+        EXPECT_EQ(cp1251ToUtf8(std::string(1, static_cast<char>(b))), expected) << "byte " << b;
+        ++checked;
+    }
+    EXPECT_GE(checked, 255);
+}
+
+TEST(Cp1251, EveryByteSurvivesARoundTrip) {
+    std::string all;
+    for (int b = 0; b < 256; ++b)
+        all += static_cast<char>(b);
+    auto back = utf8ToCp1251(cp1251ToUtf8(all));
+    ASSERT_TRUE(back);
+    EXPECT_EQ(*back, all);
+}
+
+TEST(Cp1251, RussianTextEncodesToItsKnownBytes) {
+    auto bytes = utf8ToCp1251("аб вя ЁёА№");
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(*bytes, "\xE0\xE1\x20\xE2\xFF\x20\xA8\xB8\xC0\xB9");
+}
+
+TEST(Cp1251, CharactersOutsideTheCodePageAreRefusedByName) {
+    for (const char* text : {"a✓b", "日本", "ß", "𝄞"}) {
+        auto r = utf8ToCp1251(text);
+        ASSERT_FALSE(r) << text;
+        EXPECT_NE(r.error().message.find("Windows-1251"), std::string::npos);
+    }
+    auto r = utf8ToCp1251("ok ✓");
+    EXPECT_NE(r.error().message.find("U+2713"), std::string::npos) << r.error().message;
+}
+
+TEST(Cp1251, MalformedUtf8IsRefused) {
+    for (const char* text : {"\xC3", "\xE2\x82", "\xFF", "\xC0\xAF", "a\x80"})
+        EXPECT_FALSE(utf8ToCp1251(text)) << ::testing::PrintToString(std::string(text));
+}
+
+TEST(Utf8Length, CountsCharactersNotBytes) {
+    EXPECT_EQ(utf8Length("абв"), 3u);
+    EXPECT_EQ(utf8Length("a✓"), 2u);
+    EXPECT_EQ(utf8Length(""), 0u);
+}
+
+} // namespace

@@ -1,0 +1,96 @@
+#include "npc/npcfile.h"
+#include "npc/npcformat.h"
+#include "testutil.h"
+
+#include <gtest/gtest.h>
+
+using namespace parlex;
+using namespace parlex::npcformat;
+using testutil::TempDir;
+
+namespace {
+
+FileBytes toFileBytes(const std::vector<std::uint8_t>& v) {
+    FileBytes b{};
+    std::copy(v.begin(), v.end(), b.begin());
+    return b;
+}
+
+TEST(DetectType, OnlyTheExactMarkMeansJa) {
+    struct Case {
+        std::vector<std::uint8_t> head;
+        NpcFileType type;
+    } cases[] = {
+        {{0x39, 0x00, 0x35, 0x00}, NpcFileType::Ja}, {{0x39, 0x00, 0x35, 0x01}, NpcFileType::Ub},
+        {{0x00, 0x39, 0x00, 0x35}, NpcFileType::Ub}, {{0x00, 0x00, 0x00, 0x00}, NpcFileType::Ub},
+        {{0x39, 0x00, 0x35}, NpcFileType::Ub},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(detectType(c.head), c.type) << ::testing::PrintToString(c.head);
+}
+
+TEST(ConvertLayout, JaToUbMovesTailIntoRecord50) {
+    const auto source = toFileBytes(testutil::jaBytes(7));
+    auto ub = convertLayout(source, NpcFileType::Ub);
+    ASSERT_TRUE(ub);
+    const NpcFile ja = NpcFile::fromBytes(source, "ja");
+    const NpcFile out = NpcFile::fromBytes(*ub, "ub");
+    ASSERT_EQ(out.type(), NpcFileType::Ub);
+    for (std::size_t i = 0; i < 49; ++i)
+        EXPECT_EQ(out.record(i), ja.record(i)) << "record " << i + 1;
+    for (std::size_t i = 0; i < 28; ++i)
+        EXPECT_EQ(out.record(49)[i], source[1572 + i]);
+    for (std::size_t i = 28; i < 32; ++i)
+        EXPECT_EQ(out.record(49)[i], 0);
+}
+
+TEST(ConvertLayout, UbToJaAndBackKeeps49RecordsAndCutsRecord50) {
+    const auto source = toFileBytes(testutil::patternBytes(1600, 13));
+    auto ja = convertLayout(source, NpcFileType::Ja);
+    ASSERT_TRUE(ja);
+    EXPECT_EQ(detectType(*ja), NpcFileType::Ja);
+    EXPECT_TRUE(std::equal(source.begin(), source.begin() + 1596, ja->begin() + 4));
+    auto back = convertLayout(*ja, NpcFileType::Ub);
+    ASSERT_TRUE(back);
+    EXPECT_TRUE(std::equal(source.begin(), source.begin() + 1596, back->begin()));
+    EXPECT_EQ((std::vector<std::uint8_t>(back->end() - 4, back->end())),
+              (std::vector<std::uint8_t>{0, 0, 0, 0}));
+}
+
+TEST(ConvertLayout, SameLayoutIsRefused) {
+    for (auto source :
+         {toFileBytes(testutil::patternBytes(1600)), toFileBytes(testutil::jaBytes())}) {
+        auto result = convertLayout(source, detectType(source));
+        ASSERT_FALSE(result);
+        EXPECT_EQ(result.error().kind, ErrorKind::Invalid);
+        EXPECT_NE(result.error().message.find(std::string(typeText(detectType(source)))),
+                  std::string::npos);
+    }
+}
+
+TEST(ConvertFile, OntoItselfRewritesTheFileInTheOtherLayout) {
+    TempDir dir;
+    const auto path = dir / "self.npc";
+    const auto original = testutil::patternBytes(1600, 2);
+    testutil::writeBytes(path, original);
+    auto from = convertFile(path, path, NpcFileType::Ja);
+    ASSERT_TRUE(from);
+    EXPECT_EQ(*from, NpcFileType::Ub);
+    const auto written = testutil::readBytes(path);
+    ASSERT_EQ(written.size(), 1600u);
+    EXPECT_EQ(detectType(written), NpcFileType::Ja);
+    EXPECT_TRUE(std::equal(original.begin(), original.begin() + 1596, written.begin() + 4));
+}
+
+TEST(ConvertFile, RefusedSourceWritesNothing) {
+    TempDir dir;
+    testutil::writeBytes(dir / "short.npc", std::vector<std::uint8_t>(1599, 0));
+    auto result = convertFile(dir / "short.npc", dir / "out.npc", NpcFileType::Ja);
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.error().kind, ErrorKind::TooSmall);
+    EXPECT_FALSE(std::filesystem::exists(dir / "out.npc"));
+    auto same = convertFile(dir / "short.npc", dir / "out.npc", NpcFileType::Ub);
+    EXPECT_FALSE(same);
+}
+
+} // namespace
