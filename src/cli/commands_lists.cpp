@@ -1,7 +1,118 @@
+// Commands on the code lists: lookup, lists show, lists extract.
 #include "cli/commands.h"
+#include "codelists/codelists.h"
+#include "codelists/listwriter.h"
+#include "platform/files.h"
+
+#include <ctime>
+#include <ostream>
 
 namespace parlex::cli {
-std::span<const Command> listCommands() {
-    return {};
+namespace {
+
+std::filesystem::path listsFolder(const Args& args) {
+    if (auto dir = args.value("--lists"))
+        return *dir;
+    return platform::programDir();
 }
+
+std::optional<ListKey> keyArgument(const std::string& text) {
+    return parseListKey(text);
+}
+
+constexpr std::string_view kKeys = "N T I Qi Qo A R";
+
+int runLookup(const Args& args, Io io) {
+    if (args.positional.size() != 2)
+        return usage("lookup", "нужны КЛЮЧ и КОД", io);
+    const auto key = keyArgument(args.positional[0]);
+    if (!key)
+        return usage("lookup", "ключ списка должен быть одним из: " + std::string(kKeys), io);
+    const auto code = parseNumber(args.positional[1], 0, 4294967295LL);
+    if (!code)
+        return usage("lookup", "код должен быть целым неотрицательным числом", io);
+    io.out << CodeLists(listsFolder(args)).lookup(*key, static_cast<std::uint32_t>(*code)) << "\n";
+    return kOk;
+}
+
+int runShow(const Args& args, Io io) {
+    if (args.positional.size() != 1)
+        return usage("lists show", "нужен ровно один КЛЮЧ", io);
+    const auto key = keyArgument(args.positional[0]);
+    if (!key)
+        return usage("lists show", "ключ списка должен быть одним из: " + std::string(kKeys), io);
+    const ListRows rows = CodeLists(listsFolder(args)).rows(*key);
+    for (const auto& row : rows.rows)
+        io.out << row << "\n";
+    if (rows.warning) {
+        io.err << "parlex-cli: " << *rows.warning << "\n";
+        return kFailed;
+    }
+    return kOk;
+}
+
+int runExtract(const Args& args, Io io) {
+    std::vector<ListKey> keys;
+    for (const auto& word : args.positional) {
+        const auto key = keyArgument(word);
+        if (!key)
+            return usage("lists extract", "ключ списка должен быть одним из: " + std::string(kKeys),
+                         io);
+        keys.push_back(*key);
+    }
+    if (keys.empty())
+        for (const auto& list : codeLists())
+            keys.push_back(list.key);
+    const std::filesystem::path folder =
+        args.value("--dir") ? std::filesystem::path(*args.value("--dir")) : platform::programDir();
+    if (!std::filesystem::is_directory(folder))
+        return report({ErrorKind::NotFound, "Папка " + folder.string() + " не найдена."}, io);
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    int status = kOk;
+    for (ListKey key : keys) {
+        auto written = writeListFile(key, folder, local, args.has("--yes"));
+        if (written) {
+            io.out << written->string() << "\n";
+            continue;
+        }
+        status = kFailed;
+        if (written.error().kind == ErrorKind::Exists) {
+            io.err << "parlex-cli: " << written.error().message
+                   << "\nФайл пропущен; чтобы заменить, добавьте --yes.\n";
+            continue;
+        }
+        report(written.error(), io);
+        if (written.error().kind == ErrorKind::ReadOnlyDrive)
+            break;
+    }
+    return status;
+}
+
+constexpr OptionSpec kListsOption[] = {{"--lists", true}};
+constexpr OptionSpec kExtractOptions[] = {{"--dir", true}, {"--yes", false}};
+
+constexpr Command kCommands[] = {
+    {"lookup", "lookup KEY CODE [--lists DIR]",
+     "текст кода в списке KEY (N T I Qi Qo A R); \"?\" для неизвестного кода",
+     "--lists DIR: искать файлы списков (Npc.txt, Trigg.txt, ...) в DIR, а не в папке программы.\n"
+     "Файл списка заменяет встроенный список целиком.",
+     kListsOption, runLookup},
+    {"lists show", "lists show KEY [--lists DIR]",
+     "строки списка, как их показывает окно списков: \"№_268 (0C 01) текст\"", "", kListsOption,
+     runShow},
+    {"lists extract", "lists extract [KEY...] [--dir DIR] [--yes]",
+     "записывает встроенные списки в файлы (все семь: R A T I N Qi Qo)",
+     "Файлы пишутся в Windows-1251 с CR LF в папку программы или в DIR.\n"
+     "Существующий файл заменяется только с --yes; иначе он пропускается (код 1).",
+     kExtractOptions, runExtract},
+};
+
+} // namespace
+
+std::span<const Command> listCommands() {
+    return kCommands;
+}
+
 } // namespace parlex::cli

@@ -1,0 +1,128 @@
+#include "codelists/codelist.h"
+
+#include "codelists/embedded.h"
+#include "codelists/resources.h"
+
+#include <array>
+#include <charconv>
+#include <map>
+
+namespace parlex {
+namespace {
+
+constexpr std::array<CodeList, 7> kLists{{
+    {ListKey::R, "R", "React.txt", "reactions.txt", true, 0, 1},
+    {ListKey::A, "A", "Action.txt", "actions.txt", false, 0, 0},
+    {ListKey::T, "T", "Trigg.txt", "triggers.txt", true, 499, -1},
+    {ListKey::I, "I", "Items.txt", "items.txt", true, 350, -1},
+    {ListKey::N, "N", "Npc.txt", "characters.txt", false, 169, -1},
+    {ListKey::Qi, "Qi", "Q_Input.txt", "quests_taken.txt", false, 29, -1},
+    {ListKey::Qo, "Qo", "Q_Output.txt", "quests_closed.txt", false, 29, -1},
+}};
+
+using Table = std::map<std::uint32_t, std::string>;
+
+// "code=text" lines of a data file.
+Table parseTable(std::string_view data) {
+    Table table;
+    while (!data.empty()) {
+        const auto nl = data.find('\n');
+        const std::string_view line = data.substr(0, nl);
+        data = nl == std::string_view::npos ? std::string_view() : data.substr(nl + 1);
+        const auto eq = line.find('=');
+        if (eq == std::string_view::npos)
+            continue;
+        std::uint32_t code = 0;
+        std::from_chars(line.data(), line.data() + eq, code);
+        table.emplace(code, std::string(line.substr(eq + 1)));
+    }
+    return table;
+}
+
+const Table& builtInTable(ListKey key) {
+    static const std::array<Table, 7> tables = [] {
+        std::array<Table, 7> t;
+        for (const auto& list : kLists)
+            t[static_cast<std::size_t>(list.key)] = parseTable(embedded::file(list.dataFile));
+        return t;
+    }();
+    return tables[static_cast<std::size_t>(key)];
+}
+
+} // namespace
+
+std::span<const CodeList> codeLists() {
+    return kLists;
+}
+
+const CodeList& codeList(ListKey key) {
+    for (const auto& list : kLists)
+        if (list.key == key)
+            return list;
+    return kLists[0];
+}
+
+std::optional<ListKey> parseListKey(std::string_view text) {
+    for (const auto& list : kLists)
+        if (list.keyText == text)
+            return list.key;
+    return std::nullopt;
+}
+
+std::optional<ListKey> listForField(int fieldIndex) {
+    switch (fieldIndex) {
+    case 2:
+    case 22:
+        return ListKey::I;
+    case 4:
+    case 6:
+    case 20:
+        return ListKey::T;
+    case 8:
+    case 15:
+        return ListKey::Qi;
+    case 11:
+        return ListKey::A;
+    case 16:
+        return ListKey::Qo;
+    case 17:
+        return ListKey::N;
+    case 26:
+        return ListKey::R;
+    default:
+        return std::nullopt;
+    }
+}
+
+std::vector<std::uint32_t> builtInCodes(ListKey key) {
+    const CodeList& list = codeList(key);
+    std::vector<std::uint32_t> codes;
+    if (list.resourceString >= 0)
+        return resourceCodes(list.resourceString);
+    for (std::uint32_t c = 0; c <= list.lastCode; ++c)
+        codes.push_back(c);
+    return codes;
+}
+
+std::optional<std::string> builtInText(ListKey key, std::uint32_t code) {
+    const CodeList& list = codeList(key);
+    if (list.resourceString >= 0) {
+        // Actions and reactions answer only the codes of their resource string.
+        bool listed = false;
+        for (auto c : resourceCodes(list.resourceString))
+            listed = listed || c == code;
+        if (!listed)
+            return std::nullopt;
+    } else if (code > list.lastCode) {
+        return std::nullopt;
+    }
+    const Table& table = builtInTable(key);
+    const auto it = table.find(code);
+    if (it == table.end())
+        return std::nullopt;
+    if (key == ListKey::T && code >= 400 && !it->second.empty())
+        return it->second + " UB";
+    return it->second;
+}
+
+} // namespace parlex

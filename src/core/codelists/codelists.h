@@ -1,0 +1,64 @@
+#pragma once
+
+#include "codelists/codelist.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace parlex {
+
+// The rows of a list as the list window shows them.
+struct ListRows {
+    std::vector<std::string> rows;
+    std::optional<std::string> warning; // set when the row limit stopped the reading
+};
+
+// The code lists as the program sees them from one folder: a list text file there
+// (Npc.txt, Trigg.txt, ...) replaces the built-in table of its list whole.
+//
+// Files are read on demand. A parsed file is kept until its size, modification time
+// or inode changes, so a file put in, taken out or edited counts at the next lookup.
+class CodeLists {
+public:
+    explicit CodeLists(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+    const std::filesystem::path& folder() const { return folder_; }
+
+    // The text of a code in a field's list; "?" for an unknown code, "" for a code
+    // without a name. A field without a list gives "?".
+    std::string lookupCode(int fieldIndex, std::uint32_t value) const;
+    std::string lookup(ListKey key, std::uint32_t value) const;
+
+    // The rows of a list: "№_268 (0C 01) text" for Word lists, "№_12 (0C) text" for
+    // Byte lists; from the list file in file order, or every code of the built-in table.
+    ListRows rows(ListKey key) const;
+
+    // The name the status bar gives a script: a title whose first three characters
+    // are a number names the character of that number, by Npc.txt when it exists
+    // (exact decimal match, else the title stays) or by the built-in list ("?" from 170).
+    std::string characterNameForTitle(const std::string& title) const;
+
+    std::filesystem::path overridePath(ListKey key) const;
+
+private:
+    struct Parsed {
+        std::uintmax_t size = 0;
+        std::int64_t mtimeNs = 0;
+        std::uint64_t inode = 0;
+        std::unordered_map<std::uint32_t, std::string> texts; // first line of each code
+    };
+    const Parsed* overrideFile(ListKey key) const;
+
+    std::filesystem::path folder_;
+    mutable std::map<ListKey, Parsed> cache_;
+};
+
+// The row of a code as the list window shows it.
+std::string formatListRow(bool wordCodes, std::uint32_t code, std::string_view text);
+
+} // namespace parlex

@@ -1,0 +1,96 @@
+#include "codelists/resources.h"
+
+#include "codelists/embedded.h"
+
+#include <charconv>
+#include <map>
+#include <string_view>
+
+namespace parlex {
+namespace {
+
+std::vector<std::string_view> lines(std::string_view data) {
+    std::vector<std::string_view> out;
+    while (!data.empty()) {
+        const auto nl = data.find('\n');
+        out.push_back(data.substr(0, nl));
+        if (nl == std::string_view::npos)
+            break;
+        data = data.substr(nl + 1);
+    }
+    return out;
+}
+
+const std::map<int, std::string>& strings() {
+    static const std::map<int, std::string> table = [] {
+        std::map<int, std::string> t;
+        for (auto line : lines(embedded::file("strings.txt"))) {
+            const auto eq = line.find('=');
+            int number = 0;
+            std::from_chars(line.data(), line.data() + eq, number);
+            t.emplace(number, std::string(line.substr(eq + 1)));
+        }
+        // The head of phrase 10 is followed by an empty line in a decompiled
+        // dialogue; a line-based data file cannot hold that line break.
+        t[20] += "\r\n";
+        return t;
+    }();
+    return table;
+}
+
+// Sections "[index]" followed by the title line and the body lines.
+const std::map<int, std::string>& helpTexts() {
+    static const std::map<int, std::string> table = [] {
+        std::map<int, std::string> t;
+        int current = -1;
+        int lineNo = 0;
+        for (auto line : lines(embedded::file("help.txt"))) {
+            if (line.starts_with('[')) {
+                std::from_chars(line.data() + 1, line.data() + line.size() - 1, current);
+                lineNo = 0;
+                continue;
+            }
+            std::string& text = t[current];
+            text += lineNo == 0 ? "" : lineNo == 1 ? "\r\n\r\n" : "\r\n";
+            text += line;
+            ++lineNo;
+        }
+        return t;
+    }();
+    return table;
+}
+
+} // namespace
+
+std::optional<std::string> resourceString(int number) {
+    const auto it = strings().find(number);
+    if (it == strings().end())
+        return std::nullopt;
+    return it->second;
+}
+
+std::vector<std::uint32_t> resourceCodes(int number) {
+    std::vector<std::uint32_t> codes;
+    const auto text = resourceString(number);
+    if (!text)
+        return codes;
+    std::uint32_t value = 0;
+    for (char c : *text) {
+        if (c == '\\') {
+            codes.push_back(value);
+            value = 0;
+        } else {
+            value = value * 10 + static_cast<std::uint32_t>(c - '0');
+        }
+    }
+    return codes;
+}
+
+std::optional<std::string> helpText(int fieldIndex) {
+    const auto it = helpTexts().find(fieldIndex);
+    if (it == helpTexts().end())
+        return std::nullopt;
+    return it->second;
+}
+
+} // namespace parlex

@@ -1,0 +1,336 @@
+#include "codelists/codelists.h"
+#include "codelists/listwriter.h"
+#include "codelists/resources.h"
+#include "explain/fieldlayout.h"
+#include "testutil.h"
+#include "text/cp1251.h"
+
+#include <gtest/gtest.h>
+#include <thread>
+
+using namespace parlex;
+using testutil::TempDir;
+
+namespace {
+
+// Writes a list file in Windows-1251 with CR LF line ends.
+void writeList(const std::filesystem::path& path, const std::vector<std::string>& lines) {
+    std::string text;
+    for (const auto& l : lines)
+        text += l + "\r\n";
+    testutil::writeText(path, text::utf8ToCp1251(text).value());
+}
+
+TEST(BuiltInLists, RowCountsAndCodeRanges) {
+    struct Case {
+        ListKey key;
+        std::size_t codes, named;
+    } cases[] = {
+        {ListKey::T, 500, 318}, {ListKey::I, 351, 321}, {ListKey::N, 170, 163},
+        {ListKey::Qi, 30, 27},  {ListKey::Qo, 30, 27},  {ListKey::A, 15, 15},
+        {ListKey::R, 14, 14},
+    };
+    for (const auto& c : cases) {
+        const auto codes = builtInCodes(c.key);
+        EXPECT_EQ(codes.size(), c.codes) << codeList(c.key).keyText;
+        std::size_t named = 0;
+        for (auto code : codes) {
+            const auto text = builtInText(c.key, code);
+            ASSERT_TRUE(text) << codeList(c.key).keyText << " " << code;
+            named += !text->empty();
+            EXPECT_TRUE(text::utf8ToCp1251(*text)) << "not writable in Windows-1251: " << *text;
+        }
+        EXPECT_EQ(named, c.named) << codeList(c.key).keyText;
+    }
+}
+
+TEST(BuiltInLists, SpotValuesUnknownAndEmptyAreDifferentAnswers) {
+    struct Case {
+        ListKey key;
+        std::uint32_t code;
+        std::optional<std::string> text;
+    } cases[] = {
+        {ListKey::T, 0, "Омерта освобождена"},
+        {ListKey::T, 12, "Пакос напуган"},
+        {ListKey::T, 157, ""},
+        {ListKey::T, 399, ""},
+        {ListKey::T, 400, "Игрок импортировал сохраненную игру и Мэри (#119) погибла UB"},
+        {ListKey::T, 409, ""},
+        {ListKey::T, 500, std::nullopt},
+        {ListKey::I, 1, "Глок 17"},
+        {ListKey::I, 43, "Когти Молодого Самца\\Барретт M82A2"},
+        {ListKey::I, 69, ""},
+        {ListKey::I, 350, ""},
+        {ListKey::I, 351, std::nullopt},
+        {ListKey::N, 0, "Барри"},
+        {ListKey::N, 57, "Мигель\\PGMale 4"},
+        {ListKey::N, 162, "Трак"},
+        {ListKey::N, 169, ""},
+        {ListKey::N, 170, std::nullopt},
+        {ListKey::Qi, 23, "-\\Найти и уничтожить ракеты"},
+        {ListKey::Qo, 0, "Воссоединение с повстанцами"},
+        {ListKey::Qi, 27, ""},
+        {ListKey::Qi, 30, std::nullopt},
+        {ListKey::A, 0, "Игрок говорит или дружески или прямо"},
+        {ListKey::A, 5, std::nullopt},
+        {ListKey::A, 29, "Игрок пытается говорить с раненным НПЦ"},
+        {ListKey::A, 30, std::nullopt},
+        {ListKey::R, 0,
+         "Реакция отсутствует и диалоговое окно не закрывается (если оно было открыто)"},
+        {ListKey::R, 65229, "Проиграть файл \"...\\Data\\Sounds.slf\\TOILETFLUSH.WAV\" (UB)"},
+        {ListKey::R, 65494, "НПЦ встает с инвалидного кресла"},
+        {ListKey::R, 65495, std::nullopt},
+        {ListKey::R, 65535, std::nullopt},
+        {ListKey::R, 2, std::nullopt},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(builtInText(c.key, c.code), c.text) << codeList(c.key).keyText << " " << c.code;
+    EXPECT_EQ(builtInText(ListKey::I, 279), builtInText(ListKey::I, 302));
+    EXPECT_EQ(*builtInText(ListKey::I, 279), "Ключ");
+}
+
+TEST(ResourceStrings, CodeStringsMatchTheSparseTables) {
+    EXPECT_EQ(*resourceString(0), "0\\1\\2\\3\\4\\6\\10\\13\\14\\15\\16\\18\\19\\28\\29\\");
+    EXPECT_EQ(resourceCodes(1), (std::vector<std::uint32_t>{0, 1, 4, 21, 22, 23, 24, 41, 102, 168,
+                                                            221, 262, 65229, 65494}));
+    EXPECT_EQ(*resourceString(14), "Игрок передает предмет НПЦ  и НПЦ возвращает его");
+    EXPECT_EQ(*resourceString(20), "(Здесь и далее можно вставлять свои комментарии)\r\n");
+    for (int n : {2, 5, 9, 21})
+        EXPECT_FALSE(resourceString(n)) << n;
+}
+
+TEST(HelpTexts, OneTextPerFieldWithTitleEmptyLineAndBody) {
+    int count = 0;
+    for (const auto& field : fieldTable()) {
+        const auto text = helpText(field.index);
+        ASSERT_TRUE(text) << field.index;
+        ++count;
+        const auto firstBreak = text->find("\r\n");
+        ASSERT_NE(firstBreak, std::string::npos);
+        EXPECT_EQ(text->substr(firstBreak, 4), "\r\n\r\n") << field.index;
+        EXPECT_FALSE(text->ends_with("\r\n")) << field.index;
+        EXPECT_EQ(text->find("\r\n\r\n", firstBreak + 4), std::string::npos) << field.index;
+        EXPECT_EQ(text->find('\n', 0) - 1, text->find('\r')) << "CR LF only";
+    }
+    EXPECT_EQ(count, 21);
+    EXPECT_FALSE(helpText(1));
+    EXPECT_EQ(*helpText(11), "Байт 12 (as Byte) - Код воздействия.\r\n\r\n"
+                             "Строго определенное действие игрока по отношению к НПЦ.");
+    // A trailing blank inside a line belongs to the text.
+    EXPECT_NE(helpText(16)->find("запись) \r\n"), std::string::npos);
+}
+
+TEST(LookupCode, FieldsUseTheirListsWithoutOverrideFiles) {
+    TempDir dir;
+    CodeLists lists(dir.path());
+    EXPECT_EQ(lists.lookupCode(17, 57), "Мигель\\PGMale 4");
+    EXPECT_EQ(lists.lookupCode(2, 351), "?");
+    EXPECT_EQ(lists.lookupCode(22, 1), "Глок 17");
+    EXPECT_EQ(lists.lookupCode(20, 500), "?");
+    EXPECT_EQ(lists.lookupCode(8, 0), "Доставить письмо Мигелю");
+    EXPECT_EQ(lists.lookupCode(16, 0), "Воссоединение с повстанцами");
+    EXPECT_EQ(lists.lookupCode(11, 5), "?");
+    EXPECT_EQ(lists.lookupCode(26, 65494), "НПЦ встает с инвалидного кресла");
+    EXPECT_EQ(lists.lookupCode(13, 1), "?"); // a field without a list
+}
+
+TEST(LookupCode, OverrideFileRules) {
+    struct Case {
+        std::vector<std::string> lines;
+        std::uint32_t code;
+        std::string expected;
+    } cases[] = {
+        {{"12=Новый текст"}, 12, "Новый текст"},
+        {{"12=Новый текст"}, 13, "?"}, // replaces, not merged
+        {{"; only a comment", ""}, 0, "?"},
+        {{}, 5, "?"},
+        {{"5="}, 5, ""},
+        {{"5=a=b"}, 5, "a=b"},
+        {{"1234567=x"}, 1234567 % 65536, "?"},
+        {{"0000005=x"}, 5, "?"}, // seven characters
+        {{"000005=x"}, 5, "x"},  // six characters
+        {{"70000=x"}, 70000 - 65536, "?"},
+        {{"65535=x"}, 65535, "x"},
+        {{"abc=x"}, 0, "x"}, // no leading number counts as code 0
+        {{"12abc=x"}, 12, "x"},
+        {{"7=first", "7=second"}, 7, "first"},
+        {{"no equals sign"}, 0, "?"},
+        {{"; 5=commented"}, 5, "?"},
+        {{"9=" + std::string(100, 'x')}, 9, std::string(75, 'x') + "..."},
+        {{"9=" + std::string(78, 'y')}, 9, std::string(78, 'y')}, // 80 exactly: whole
+        {{"057=Мигель"}, 57, "Мигель"},
+        {{"400=Своё"}, 400, "Своё"}, // no " UB" on an override text
+    };
+    for (const auto& c : cases) {
+        TempDir dir;
+        writeList(dir / "Trigg.txt", c.lines);
+        CodeLists lists(dir.path());
+        EXPECT_EQ(lists.lookup(ListKey::T, c.code), c.expected)
+            << ::testing::PrintToString(c.lines);
+    }
+}
+
+TEST(LookupCode, SparseListFileNamesCodesOutsideTheResourceString) {
+    TempDir dir;
+    CodeLists lists(dir.path());
+    EXPECT_EQ(lists.lookupCode(11, 5), "?");
+    writeList(dir / "Action.txt", {"5=Пятое действие"});
+    EXPECT_EQ(lists.lookupCode(11, 5), "Пятое действие");
+    EXPECT_EQ(lists.lookupCode(11, 0), "?");
+}
+
+TEST(LookupCode, FilesPutInEditedAndTakenOutCountAtOnce) {
+    TempDir dir;
+    CodeLists lists(dir.path());
+    EXPECT_EQ(lists.lookupCode(4, 12), "Пакос напуган");
+    writeList(dir / "Trigg.txt", {"12=один"});
+    EXPECT_EQ(lists.lookupCode(4, 12), "один");
+    writeList(dir / "Trigg.txt", {"12=два"}); // same size, new content
+    EXPECT_EQ(lists.lookupCode(4, 12), "два");
+    writeList(dir / "Trigg.txt.new", {"12=три!"});
+    std::filesystem::rename(dir / "Trigg.txt.new", dir / "Trigg.txt");
+    EXPECT_EQ(lists.lookupCode(4, 12), "три!");
+    std::filesystem::remove(dir / "Trigg.txt");
+    EXPECT_EQ(lists.lookupCode(4, 12), "Пакос напуган");
+}
+
+TEST(ListRows, BuiltInRowsShowEveryCodeWithItsBytes) {
+    TempDir dir;
+    CodeLists lists(dir.path());
+    struct Case {
+        ListKey key;
+        std::size_t count;
+        std::size_t index;
+        std::string row;
+    } cases[] = {
+        {ListKey::T, 500, 268, "№_268 (0C 01) " + *builtInText(ListKey::T, 268)},
+        {ListKey::T, 500, 157, "№_157 (9D 00) "},
+        {ListKey::T, 500, 400, "№_400 (90 01) " + *builtInText(ListKey::T, 400)},
+        {ListKey::I, 351, 350, "№_350 (5E 01) "},
+        {ListKey::N, 170, 12, "№_12 (0C) " + *builtInText(ListKey::N, 12)},
+        {ListKey::Qi, 30, 29, "№_29 (1D) "},
+        {ListKey::Qo, 30, 0, "№_0 (00) Воссоединение с повстанцами"},
+        {ListKey::A, 15, 14, "№_29 (1D) Игрок пытается говорить с раненным НПЦ"},
+        {ListKey::R, 14, 12, "№_65229 (CD FE) " + *builtInText(ListKey::R, 65229)},
+        {ListKey::R, 14, 13, "№_65494 (D6 FF) НПЦ встает с инвалидного кресла"},
+    };
+    for (const auto& c : cases) {
+        const auto rows = lists.rows(c.key);
+        ASSERT_EQ(rows.rows.size(), c.count) << codeList(c.key).keyText;
+        EXPECT_EQ(rows.rows[c.index], c.row);
+        EXPECT_FALSE(rows.warning);
+    }
+}
+
+TEST(ListRows, OverrideFileRowsFollowTheFile) {
+    struct Case {
+        const char* file;
+        std::vector<std::string> lines;
+        std::vector<std::string> rows;
+    } cases[] = {
+        {"Trigg.txt", {"7=a", "3=b"}, {"№_7 (07 00) a", "№_3 (03 00) b"}},
+        {"Npc.txt", {"300=x"}, {"№_300 (2C) x"}},
+        {"Trigg.txt", {"70000=x", "abc=x", "1234567=x", "=x", "5=ok"}, {"№_5 (05 00) ok"}},
+        {"Trigg.txt",
+         {"; header", "", "1=a", "continued", "2=b"},
+         {"№_1 (01 00) a", "№_1 (01 00) continued", "№_2 (02 00) b"}},
+        {"Trigg.txt", {"lead line", "4=x"}, {"№_0 (00 00) lead line", "№_4 (04 00) x"}},
+        {"Trigg.txt", {"1=a", "1=b"}, {"№_1 (01 00) a", "№_1 (01 00) b"}},
+        {"Trigg.txt",
+         {"9=" + std::string(130, 'z')},
+         {"№_9 (09 00) " + std::string(115, 'z') + "..."}},
+        {"Trigg.txt", {"9=" + std::string(100, 'z')}, {"№_9 (09 00) " + std::string(100, 'z')}},
+    };
+    for (const auto& c : cases) {
+        TempDir dir;
+        writeList(dir / c.file, c.lines);
+        const auto key = std::string(c.file) == "Npc.txt" ? ListKey::N : ListKey::T;
+        EXPECT_EQ(CodeLists(dir.path()).rows(key).rows, c.rows)
+            << ::testing::PrintToString(c.lines);
+    }
+}
+
+TEST(ListRows, RowLimitStopsWithMessageAndMarker) {
+    TempDir dir;
+    std::string text;
+    for (int i = 0; i < 32740; ++i)
+        text += "1=" + std::string(i == 32735 ? 60 : 1, 'q') + "\r\n";
+    testutil::writeText(dir / "Trigg.txt", text);
+    const auto rows = CodeLists(dir.path()).rows(ListKey::T);
+    ASSERT_EQ(rows.rows.size(), 32736u);
+    EXPECT_EQ(rows.rows.back(), "Error - аварийное прерывание");
+    ASSERT_TRUE(rows.warning);
+    EXPECT_NE(rows.warning->find("Строка: " + std::string(47, 'q') + "...\n"), std::string::npos);
+    EXPECT_TRUE(rows.warning->ends_with("Номер стороки: 32735"));
+}
+
+TEST(CharacterName, TitleNumberNamesTheCharacter) {
+    struct Case {
+        std::vector<std::string> npcTxt; // empty: no file
+        std::string title, expected;
+    } cases[] = {
+        {{}, "053.npc", *builtInText(ListKey::N, 53)},
+        {{}, "057.npc", "Мигель\\PGMale 4"},
+        {{}, "170.npc", "?"},
+        {{}, "163.npc", ""},
+        {{}, "abc.npc", "abc.npc"},
+        {{}, "Новый", "Новый"},
+        {{}, "05.npc", "05.npc"},
+        {{"53=X"}, "053.npc", "X"},
+        {{"053=X"}, "053.npc", "053.npc"},
+        {{"; c", "53=" + std::string(130, 'n')}, "053.npc", std::string(114, 'n') + "..."},
+    };
+    for (const auto& c : cases) {
+        TempDir dir;
+        if (!c.npcTxt.empty())
+            writeList(dir / "Npc.txt", c.npcTxt);
+        EXPECT_EQ(CodeLists(dir.path()).characterNameForTitle(c.title), c.expected) << c.title;
+    }
+}
+
+TEST(ListWriter, EveryListWritesAndReadsBackThroughTheReader) {
+    TempDir dir;
+    std::tm when{};
+    when.tm_year = 126, when.tm_mon = 10, when.tm_mday = 22, when.tm_hour = 9, when.tm_min = 5;
+    CodeLists builtIn(dir / "none");
+    for (const auto& list : codeLists()) {
+        auto path = writeListFile(list.key, dir.path(), when, false);
+        ASSERT_TRUE(path) << path.error().message;
+        const std::string bytes = testutil::readText(*path);
+        const std::string utf8 = text::cp1251ToUtf8(bytes);
+        EXPECT_TRUE(utf8.starts_with("; " + path->string() + " Greated: 22.11.2026 09:05:00\r\n"));
+        const auto lines = std::count(bytes.begin(), bytes.end(), '\n');
+        EXPECT_EQ(lines, static_cast<long>(6 + builtInCodes(list.key).size()));
+        EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\r'), lines) << "CR LF line ends";
+        CodeLists fromFile(dir.path());
+        for (auto code : builtInCodes(list.key)) {
+            // What comes back is the built-in text, or its line cut to 77 characters + "...".
+            const std::string line = std::to_string(code) + "=" + builtIn.lookup(list.key, code);
+            const std::string raw = text::utf8ToCp1251(line).value();
+            const std::string cut = raw.size() > 80 ? raw.substr(0, 77) + "..." : raw;
+            const std::string expected =
+                text::cp1251ToUtf8(cut).substr(std::to_string(code).size() + 1);
+            ASSERT_EQ(fromFile.lookup(list.key, code), expected) << list.keyText << " " << code;
+        }
+        EXPECT_EQ(fromFile.rows(list.key).rows.size(), builtInCodes(list.key).size());
+    }
+    // Windows-1251 on disk: "Омерта" begins with byte 0xCE.
+    EXPECT_NE(testutil::readText(dir / "Trigg.txt").find("0=\xCE\xEC\xE5\xF0\xF2\xE0"),
+              std::string::npos);
+}
+
+TEST(ListWriter, ExistingFileNeedsPermission) {
+    TempDir dir;
+    std::tm when{};
+    testutil::writeText(dir / "Npc.txt", "keep");
+    auto refused = writeListFile(ListKey::N, dir.path(), when, false);
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().kind, ErrorKind::Exists);
+    EXPECT_TRUE(refused.error().message.ends_with("\nуже существует. Заменить его?"));
+    EXPECT_EQ(testutil::readText(dir / "Npc.txt"), "keep");
+    std::filesystem::permissions(dir / "Npc.txt", std::filesystem::perms::owner_read);
+    ASSERT_TRUE(writeListFile(ListKey::N, dir.path(), when, true));
+    EXPECT_NE(testutil::readText(dir / "Npc.txt"), "keep");
+}
+
+} // namespace
