@@ -20,6 +20,7 @@ build: deps $(BUILD)/CMakeCache.txt
 run: build
 	$(BUILD)/parlex-cli info $(EXAMPLE)
 	$(BUILD)/parlex-cli dump $(EXAMPLE)
+	$(BUILD)/parlex-cli explain $(EXAMPLE)
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

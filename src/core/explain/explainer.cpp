@@ -1,0 +1,280 @@
+#include "explain/explainer.h"
+
+#include "codelists/codelists.h"
+#include "explain/fieldlayout.h"
+
+namespace parlex {
+namespace {
+
+constexpr std::uint32_t kNoWord = 65535;
+constexpr std::uint32_t kNoByte = 255;
+constexpr std::uint32_t kLastPhrase = 142; // phrases of a speech file: 0-142
+constexpr std::uint32_t kPhraseSlots = 143;
+constexpr std::uint32_t kTriggers = 500;
+constexpr std::uint32_t kFirstCondition = 351; // items end at 350; larger Words are conditions
+constexpr std::uint32_t kCharacters = 170;
+
+const char* const kTooManyPhrases = "В файле (speech).edt максимум может быть 143 фразы (0-142)!";
+
+Explanation normal(std::string text, std::string remark = {}) {
+    return {std::move(text), false, std::move(remark), std::nullopt};
+}
+Explanation red(std::string text) {
+    return {std::move(text), true, {}, std::nullopt};
+}
+
+std::string str(std::uint32_t v) {
+    return std::to_string(v);
+}
+
+class FieldExplainer {
+public:
+    FieldExplainer(const NpcRecord& record, int field, const ExplainContext& context)
+        : r_(record), i_(field), ctx_(context), v_(fieldValue(record, field)),
+          numberText_("№_" + str(v_) + " ") {}
+
+    Explanation run() const {
+        switch (i_) {
+        case 0:
+            return fireMode();
+        case 2:
+        case 22:
+            return item();
+        case 4:
+        case 6:
+        case 20:
+            return trigger();
+        case 8:
+        case 15:
+        case 16:
+            return quest();
+        case 9:
+            return firstDay();
+        case 10:
+            return lastDay();
+        case 11:
+        case 26:
+            return normal(namedText());
+        case 12:
+            return leadership();
+        case 13:
+            return phraseFirst();
+        case 14:
+            return phraseCount();
+        case 17:
+            return jumpNpc();
+        case 18:
+            return jumpRecord();
+        case 19:
+            return spare("Данный байт у всех существующих НПЦ равен \"00\"");
+        case 24:
+            return v_ == kNoWord ? normal("Запись не перемещает НПЦ")
+                                 : normal("НПЦ переместиться на координаты " + str(v_));
+        case 28:
+            return spare("Данные байты у всех существующих НПЦ равны \"00\"");
+        default:
+            return {};
+        }
+    }
+
+private:
+    std::string namedText() const {
+        const std::string name = ctx_.lists ? ctx_.lists->lookupCode(i_, v_) : std::string("?");
+        return numberText_ + "<" + name + ">";
+    }
+
+    Explanation fireMode() const {
+        switch (v_) {
+        case 0:
+            return normal(
+                "Эта запись будет срабатывать всегда, без передачи на стандартные записи");
+        case 2:
+            return normal("Эта запись сработает только один раз (во всей игре) и управление "
+                          "перейдет к стандартной записи");
+        case 4:
+            return normal("Эта запись сработает только один раз в день и до начала следующего "
+                          "дня управление перейдет к стандартной записи");
+        default:
+            return normal(numberText_, "(возможны только три значения: 0, 2 или 4)");
+        }
+    }
+
+    Explanation item() const {
+        const bool needed = i_ == 2;
+        if (v_ == 0)
+            return normal(needed ? "Запись не проверяет наличия предметов у НПЦ"
+                                 : "НПЦ не передает игроку никаких предметов");
+        if (v_ >= kFirstCondition)
+            return normal(namedText());
+        return normal(needed ? "Предмет " + namedText() + " должен быть у НПЦ"
+                             : "При соблюдении всех условий НПЦ передает игроку предмет " +
+                                   namedText());
+    }
+
+    Explanation trigger() const {
+        if (v_ == kNoWord) {
+            if (i_ == 20)
+                return normal("Запись не переводит трииггеры в логическое значение TRUE");
+            return normal(std::string("Запись не проверяет триггеры на логическое условие ") +
+                          (i_ == 4 ? "TRUE" : "FALSE"));
+        }
+        if (v_ >= kTriggers)
+            return normal(numberText_, "(всего существует 500 триггеров [0-499])");
+        if (i_ == 20)
+            return normal("Триггер " + namedText() + " будет переведен в значение TRUE");
+        return normal("Триггер " + namedText() + " должен иметь значение " +
+                      (i_ == 4 ? "TRUE" : "FALSE"));
+    }
+
+    Explanation quest() const {
+        if (v_ == kNoByte) {
+            switch (i_) {
+            case 8:
+                return normal("Запись не проверяет получение квестов игроком");
+            case 15:
+                return normal("Запись не дает квестов");
+            default:
+                return normal("Запись не закрывает квестов");
+            }
+        }
+        switch (i_) {
+        case 8:
+            return normal("Квест " + namedText() + " уже должен быть получен игроком");
+        case 15:
+            return normal("Игрок получает квест " + namedText());
+        default:
+            return normal("Квест " + namedText() + " будет считаться выполненым");
+        }
+    }
+
+    Explanation firstDay() const {
+        if (v_ == kNoByte)
+            return red("Эта запись не сработает никогда!");
+        const int last = r_[10];
+        Explanation e = normal(v_ == 0 ? std::string("Запись сработает с начала игры")
+                                       : "Запись сработает только с " + str(v_) + " дня");
+        if (last == 0 || last - static_cast<int>(v_) <= 0)
+            e.remark = ", но значение байта 11 не верно!";
+        return e;
+    }
+
+    Explanation lastDay() const {
+        const std::uint32_t first = r_[9];
+        if (first == kNoByte)
+            return red("Байт 10 не может иметь значение \"FF\". Эта запись не сработает никогда!");
+        if (v_ <= first) {
+            if (first == 0)
+                return red("Запись не может сработать с начала игры и до 0 дня!");
+            return red("Запись не может сработать с " + str(first) + " и до " + str(v_) + " дня!");
+        }
+        if (v_ == kNoByte)
+            return normal("Ограничения на срабатывание данной записи нет");
+        return normal("Запись сработает начиная с " + str(first) + " и до " + str(v_) + " дня");
+    }
+
+    Explanation leadership() const {
+        if (v_ > 100)
+            return red("Уровень лидерства не может быть " + str(v_) + "!");
+        if (v_ == 0)
+            return normal(
+                "Запись сработает независимо от уровня лидерства говорящего с НПЦ наемника");
+        return normal("Запись сработает только если уровень лидерства говорящего с НПЦ наемника "
+                      "будет не меньше чем " +
+                      str(v_));
+    }
+
+    Explanation phraseFirst() const {
+        const std::uint32_t count = r_[14];
+        Explanation e;
+        if (v_ == kNoByte && count == 1)
+            e = normal("НПЦ ничего не скажет");
+        else if (v_ == kNoByte)
+            e = red("Значение байта 15 не верно!");
+        else if (v_ > kLastPhrase)
+            e = normal(numberText_, kTooManyPhrases);
+        else {
+            e = normal("НПЦ скажет фразу " + numberText_.substr(0, numberText_.size() - 1));
+            if (count > kPhraseSlots || count == 0 || v_ + count > kPhraseSlots)
+                e.remark = ", но значение байта 15 не верно!";
+        }
+        if (ctx_.showMessages && ctx_.lastPhrase != 0 &&
+            v_ <= static_cast<std::uint32_t>(ctx_.lastPhrase))
+            e.phrase = static_cast<int>(v_);
+        return e;
+    }
+
+    Explanation phraseCount() const {
+        const std::uint32_t first = r_[13];
+        const std::string word = phraseWord(v_);
+        if (first == kNoByte && v_ == 1)
+            return normal("НПЦ ничего не скажет");
+        if (first == kNoByte)
+            return red(
+                "Байт 14 = \"FF\" <НПЦ ничего не скажет>, байт 15 должен быть равен \"01\"!");
+        if (first > kLastPhrase)
+            return red("Значение байта 14 не верно!");
+        if (v_ > kPhraseSlots)
+            return normal(numberText_, kTooManyPhrases);
+        if (v_ + first > kPhraseSlots)
+            return red("НПЦ не сможет сказать " + str(v_) + word + "после фразы №_" + str(first) +
+                       ", т. к. в файле (speech).edt может быть максимум 143 фразы (0-142)!");
+        if (v_ == 0)
+            return red("По умолчанию этот байт должен быть равен \"01\"!");
+        if (v_ == 1)
+            return normal("НПЦ скажет только фразу №_" + str(first));
+        return normal("НПЦ скажет " + str(v_) + word + "после фразы №_" + str(first) +
+                      " (включительно)");
+    }
+
+    Explanation jumpNpc() const {
+        if (v_ == kNoByte)
+            return normal("Запись не передает управление");
+        if (v_ >= kCharacters)
+            return normal(numberText_, "В игре всего 170 (0-169) персонажей!");
+        return normal("Управление переходит к " + namedText());
+    }
+
+    Explanation jumpRecord() const {
+        if (v_ == kNoByte)
+            return normal("Запись не передает управление");
+        if (ctx_.fileType == NpcFileType::Ja && v_ > 48)
+            return normal(numberText_, "Файл формата \"Агонии власти\" может иметь максимум 49 "
+                                       "(0-48) записей!");
+        if (ctx_.fileType == NpcFileType::Ub && v_ > 49)
+            return normal(numberText_, "Может быть не более 50 (0-49) записей по 32 байта!");
+        return normal("Управление передается на запись №_" + str(v_ + 1));
+    }
+
+    Explanation spare(const std::string& text) const {
+        return v_ == 0 ? normal(text) : red(text + "!");
+    }
+
+    const NpcRecord& r_;
+    int i_;
+    const ExplainContext& ctx_;
+    std::uint32_t v_;
+    std::string numberText_;
+};
+
+} // namespace
+
+std::string phraseWord(std::uint32_t count) {
+    const std::uint32_t d = count % 10;
+    if (d == 0 || d > 4)
+        return " фраз ";
+    if (count > 10 && count < 20)
+        return " фраз ";
+    if (d == 1)
+        return " фразу ";
+    return " фразы ";
+}
+
+Explanation explain(const NpcRecord* record, int fieldIndex, const ExplainContext& context) {
+    if (fieldIndex == kNoRecordField || record == nullptr)
+        return red("Запись не существует");
+    if (isEmptyRecord(*record))
+        return red("Запись пустая");
+    return FieldExplainer(*record, fieldIndex, context).run();
+}
+
+} // namespace parlex

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "npc/npcfiletype.h"
+#include "npc/npcrecord.h"
+
+#include <optional>
+#include <string>
+
+namespace parlex {
+
+class CodeLists;
+
+// The field index the window passes for a position that holds no record.
+inline constexpr int kNoRecordField = 100;
+
+struct ExplainContext {
+    // The layout of the open script; nothing when it is neither (no jump limit applies).
+    std::optional<NpcFileType> fileType;
+    const CodeLists* lists = nullptr;
+    // The speech pane follows byte 14 only when this setting is on ...
+    bool showMessages = false;
+    // ... and a speech file is open: its last phrase number (142, 14 or 34), 0 if none.
+    int lastPhrase = 0;
+};
+
+struct Explanation {
+    std::string text;          // the sentence
+    bool alert = false;        // dark red: a wrong record, or one that can never fire
+    std::string remark;        // the bold remark behind the sentence, empty if none
+    std::optional<int> phrase; // byte 14: the phrase the speech pane should show
+};
+
+// One sentence about a field of a record, judged against its neighbours. `record`
+// is null for a position without a record. `fieldIndex` is a field's first byte index
+// (as fieldStart gives it) or kNoRecordField.
+Explanation explain(const NpcRecord* record, int fieldIndex, const ExplainContext& context);
+
+// The noun after a number of phrases, blanks on both sides: " фразу ", " фразы ", " фраз ".
+std::string phraseWord(std::uint32_t count);
+
+} // namespace parlex
