@@ -1,0 +1,150 @@
+#include "speech/edtfile.h"
+
+#include "platform/files.h"
+#include "speech/phrasecodec.h"
+#include "text/cp1251.h"
+
+#include <algorithm>
+
+namespace parlex {
+
+std::optional<Error> EdtFile::checkSize(const std::filesystem::path& path, std::uintmax_t size,
+                                        EdtKind kind) {
+    const EdtKindInfo& k = kindInfo(kind);
+    const std::string title = std::string(kMessageTitle) + " некоректный размер";
+    if (size < k.smallestFile())
+        return Error{ErrorKind::TooSmall,
+                     "Файл " + path.string() + "\n" + std::string(k.kindLine) + " меньше чем " +
+                         std::to_string(k.smallestFile()) + " байт\nОдна фраза имеет размер " +
+                         std::to_string(k.smallestFile()) + " байт",
+                     title};
+    if (size > k.largestFile()) {
+        std::string message = "Файл " + path.string() + "\n" + std::string(k.kindLine) +
+                              " больше чем " + std::to_string(k.largestFile()) + " байт";
+        if (!k.limitLine.empty())
+            message += "\n" + std::string(k.limitLine);
+        return Error{ErrorKind::TooLarge, std::move(message), title};
+    }
+    return std::nullopt;
+}
+
+Result<EdtFile> EdtFile::load(const std::filesystem::path& path, EdtKind kind) {
+    auto size = platform::fileSize(path);
+    if (!size)
+        return std::unexpected(size.error());
+    if (auto refused = checkSize(path, *size, kind))
+        return std::unexpected(*refused);
+    auto data = platform::readFile(path);
+    if (!data)
+        return std::unexpected(data.error());
+    if (auto refused = checkSize(path, data->size(), kind)) // changed since the first look
+        return std::unexpected(*refused);
+    return fromBytes(*data, kind, path);
+}
+
+EdtFile EdtFile::fromBytes(std::span<const std::uint8_t> bytes, EdtKind kind,
+                           std::filesystem::path path) {
+    EdtFile file;
+    file.kind_ = kind;
+    const EdtKindInfo& k = kindInfo(kind);
+    file.phrases_.assign(k.phraseCount(), std::string());
+    const std::size_t records = std::min(bytes.size() / k.recordSize, k.phraseCount());
+    for (std::size_t i = 0; i < records; ++i)
+        file.phrases_[i] = phrasecodec::decode(bytes.subspan(i * k.recordSize, k.recordSize));
+    file.baseline_ = file.phrases_;
+    file.path_ = std::move(path);
+    return file;
+}
+
+EdtFile EdtFile::makeNew(EdtKind kind) {
+    EdtFile file;
+    file.kind_ = kind;
+    file.phrases_.assign(kindInfo(kind).phraseCount(), std::string());
+    file.baseline_ = file.phrases_;
+    file.isNew_ = true;
+    return file;
+}
+
+std::string EdtFile::phrase(int index) const {
+    return text::cp1251ToUtf8(phrases_.at(index));
+}
+
+Result<void> EdtFile::setPhrase(int index, std::string_view utf8) {
+    if (index < 0 || index > lastPhrase())
+        return fail(ErrorKind::Invalid, "Фразы " + std::to_string(index) +
+                                            " нет: номера фраз этого файла от 0 до " +
+                                            std::to_string(lastPhrase()) + ".");
+    auto bytes = text::utf8ToCp1251(utf8);
+    if (!bytes)
+        return std::unexpected(bytes.error());
+    if (std::any_of(bytes->begin(), bytes->end(),
+                    [](char c) { return static_cast<unsigned char>(c) < 0x20; }))
+        return fail(ErrorKind::Invalid, "Фраза не может содержать управляющие символы "
+                                        "(перевод строки, табуляцию и т. п.).");
+    phrases_[index] = std::move(*bytes);
+    return {};
+}
+
+void EdtFile::setPhraseIndex(int index) {
+    phraseIndex_ = std::clamp(index, 0, lastPhrase());
+}
+
+std::optional<int> EdtFile::firstNonEmpty() const {
+    for (std::size_t i = 0; i < phrases_.size(); ++i)
+        if (!phrases_[i].empty())
+            return static_cast<int>(i);
+    return std::nullopt;
+}
+
+std::optional<int> EdtFile::lastNonEmpty() const {
+    for (std::size_t i = phrases_.size(); i-- > 0;)
+        if (!phrases_[i].empty())
+            return static_cast<int>(i);
+    return std::nullopt;
+}
+
+int EdtFile::nonEmptyCount() const {
+    return static_cast<int>(std::count_if(phrases_.begin(), phrases_.end(),
+                                          [](const std::string& p) { return !p.empty(); }));
+}
+
+std::size_t EdtFile::recordsToWrite() const {
+    const auto last = lastNonEmpty();
+    return last ? static_cast<std::size_t>(*last) + 1 : static_cast<std::size_t>(lastPhrase());
+}
+
+std::vector<std::uint8_t> EdtFile::toBytes() const {
+    const std::size_t recordSize = info().recordSize;
+    std::vector<std::uint8_t> bytes;
+    bytes.reserve(recordsToWrite() * recordSize);
+    for (std::size_t i = 0; i < recordsToWrite(); ++i) {
+        const auto record = phrasecodec::encode(phrases_[i], recordSize);
+        bytes.insert(bytes.end(), record.begin(), record.end());
+    }
+    return bytes;
+}
+
+Result<void> EdtFile::save() {
+    if (isNew_ || path_.empty())
+        return fail(ErrorKind::NotFound, "Файл ещё не сохранён: укажите имя файла.");
+    return saveAs(path_);
+}
+
+Result<void> EdtFile::saveAs(const std::filesystem::path& path) {
+    if (platform::driveKind(path) == platform::DriveKind::ReadOnly)
+        return std::unexpected(platform::readOnlyDriveError(path, true));
+    for (auto& p : phrases_)
+        if (p.size() > info().textLimit)
+            p.resize(info().textLimit);
+    if (auto written = platform::writeFileAtomic(path, toBytes()); !written)
+        return written;
+    auto reloaded = load(path, kind_);
+    if (!reloaded)
+        return std::unexpected(reloaded.error());
+    const int index = phraseIndex_;
+    *this = std::move(*reloaded);
+    setPhraseIndex(index);
+    return {};
+}
+
+} // namespace parlex

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "common/error.h"
+#include "speech/edtkind.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace parlex {
+
+// The open speech file: its phrases (Windows-1251 characters underneath, UTF-8 at the
+// interface), the phrase on show, and the phrases as last read, for the change test.
+class EdtFile {
+public:
+    // Reads a speech file of the given kind, refusing sizes the kind cannot have.
+    static Result<EdtFile> load(const std::filesystem::path& path, EdtKind kind);
+    // The phrases of file bytes; whole records only, a shorter rest is ignored.
+    static EdtFile fromBytes(std::span<const std::uint8_t> bytes, EdtKind kind,
+                             std::filesystem::path path);
+    // A new, unsaved document of that kind: all phrases empty.
+    static EdtFile makeNew(EdtKind kind);
+
+    // The size test alone: nothing if `size` fits the kind, else the message.
+    static std::optional<Error> checkSize(const std::filesystem::path& path, std::uintmax_t size,
+                                          EdtKind kind);
+
+    EdtKind kind() const { return kind_; }
+    const EdtKindInfo& info() const { return kindInfo(kind_); }
+    int lastPhrase() const { return info().lastPhrase; }
+
+    std::string phrase(int index) const; // UTF-8
+    const std::string& phraseBytes(int index) const { return phrases_.at(index); }
+    const std::vector<std::string>& phrasesBytes() const { return phrases_; }
+
+    // Replaces a phrase. Characters that Windows-1251 cannot hold and control
+    // characters are refused, and the phrase stays as it was. A phrase may be longer
+    // than the kind's limit here; a save cuts it.
+    Result<void> setPhrase(int index, std::string_view utf8);
+
+    int phraseIndex() const { return phraseIndex_; }
+    void setPhraseIndex(int index); // kept within 0..lastPhrase
+
+    bool isChanged() const { return phrases_ != baseline_; }
+    bool isNew() const { return isNew_; }
+    const std::filesystem::path& path() const { return path_; }
+    std::string title() const { return path_.filename().string(); }
+
+    std::optional<int> firstNonEmpty() const;
+    std::optional<int> lastNonEmpty() const;
+    int nonEmptyCount() const;
+
+    // Records a save writes: up to the last non-empty phrase, or lastPhrase records
+    // of zeros when every phrase is empty.
+    std::size_t recordsToWrite() const;
+    std::size_t sizeAfterSave() const { return recordsToWrite() * info().recordSize; }
+
+    // The bytes a save writes, every phrase cut to the kind's limit.
+    std::vector<std::uint8_t> toBytes() const;
+
+    // Writes the file (atomically) and reads it back. Phrases over the limit are cut
+    // in the document too. A read-only drive is refused with its message.
+    Result<void> save();
+    Result<void> saveAs(const std::filesystem::path& path);
+
+private:
+    EdtKind kind_ = EdtKind::NpcDialogues;
+    std::vector<std::string> phrases_; // Windows-1251
+    std::vector<std::string> baseline_;
+    std::filesystem::path path_;
+    int phraseIndex_ = 0;
+    bool isNew_ = false;
+};
+
+} // namespace parlex

@@ -1,0 +1,91 @@
+#include "clirun.h"
+#include "text/cp1251.h"
+
+#include <gtest/gtest.h>
+
+using clitest::cli;
+using testutil::TempDir;
+
+namespace {
+
+TEST(CliEdt, NewSetShowInfoRoundTrip) {
+    TempDir dir;
+    const std::string f = (dir / "d.edt").string();
+    ASSERT_EQ(cli({"edt", "new", f, "--kind", "rem"}).status, 0);
+    EXPECT_EQ(std::filesystem::file_size(f), 16320u);
+    EXPECT_EQ(cli({"edt", "new", f, "--kind", "rem"}).status, 1) << "no silent replace";
+    ASSERT_EQ(cli({"edt", "set", f, "--kind", "rem", "--phrase", "3", "--text", "я тут"}).status,
+              0);
+    ASSERT_EQ(
+        cli({"edt", "set", f, "--kind", "rem", "--phrase", "7", "--text", "Ещё \"раз\""}).status,
+        0);
+    EXPECT_EQ(cli({"edt", "show", f, "--kind", "rem"}).out, "003: я тут\n007: Ещё \"раз\"\n");
+    auto json = cli({"edt", "show", f, "--kind", "rem", "--json"});
+    EXPECT_TRUE(json.out.starts_with(
+        "{\"kind\":\"rem\",\"lastPhrase\":34,\"phrases\":[\"\",\"\",\"\",\"я тут\","));
+    EXPECT_TRUE(json.out.ends_with("\"\"]}\n"));
+    EXPECT_EQ(cli({"edt", "info", f, "--kind", "rem", "--json"}).out,
+              "{\"kind\":\"rem\",\"phrases\":35,\"nonEmpty\":2,\"first\":3,\"last\":7,"
+              "\"sizeOnDisk\":3840,\"sizeAfterSave\":3840}\n");
+    auto text = cli({"edt", "info", f, "--kind", "rem"});
+    EXPECT_NE(text.out.find("Число существующих строк: 2 (35)\n"), std::string::npos);
+}
+
+TEST(CliEdt, EmptyFileInfoHasNullsAndRefusalsLeaveTheFile) {
+    TempDir dir;
+    const std::string f = (dir / "n.edt").string();
+    ASSERT_EQ(cli({"edt", "new", f, "--kind", "npc"}).status, 0);
+    EXPECT_EQ(cli({"edt", "info", f, "--kind", "npc", "--json"}).out,
+              "{\"kind\":\"npc\",\"phrases\":143,\"nonEmpty\":0,\"first\":null,\"last\":null,"
+              "\"sizeOnDisk\":68160,\"sizeAfterSave\":68160}\n");
+    const auto before = testutil::readBytes(f);
+    struct Case {
+        std::vector<std::string> args;
+        int status;
+    } cases[] = {
+        {{"--phrase", "143", "--text", "x"}, 1},
+        {{"--phrase", "-1", "--text", "x"}, 1},
+        {{"--phrase", "1", "--text", "✓"}, 1},
+        {{"--phrase", "1"}, 2},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> args{"edt", "set", f, "--kind", "npc"};
+        args.insert(args.end(), c.args.begin(), c.args.end());
+        EXPECT_EQ(cli(args).status, c.status) << ::testing::PrintToString(c.args);
+        EXPECT_EQ(testutil::readBytes(f), before);
+    }
+    EXPECT_EQ(cli({"edt", "show", f}).status, 2);
+    EXPECT_EQ(cli({"edt", "show", f, "--kind", "xyz"}).status, 2);
+}
+
+TEST(CliEdt, SizeTestAppliesToEveryCommand) {
+    TempDir dir;
+    const std::string f = (dir / "big.edt").string();
+    testutil::writeBytes(f, std::vector<std::uint8_t>(4801, 0));
+    for (const auto& args : std::vector<std::vector<std::string>>{
+             {"edt", "show", f, "--kind", "civ"},
+             {"edt", "info", f, "--kind", "civ"},
+             {"edt", "set", f, "--kind", "civ", "--phrase", "0", "--text", "a"}}) {
+        auto run = cli(args);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_NE(run.err.find("(Тип: Диалоги гражданских) больше чем 4800 байт"),
+                  std::string::npos);
+    }
+    testutil::writeBytes(f, std::vector<std::uint8_t>(479, 0));
+    EXPECT_EQ(cli({"edt", "decompile", f, (dir / "q.txt").string()}).status, 1);
+    EXPECT_FALSE(std::filesystem::exists(dir / "q.txt"));
+}
+
+TEST(CliEdt, DecompileWritesWindows1251) {
+    TempDir dir;
+    const std::string f = (dir / "d.edt").string();
+    ASSERT_EQ(cli({"edt", "new", f, "--kind", "npc"}).status, 0);
+    ASSERT_EQ(cli({"edt", "set", f, "--kind", "npc", "--phrase", "20", "--text", "Привет"}).status,
+              0);
+    ASSERT_EQ(cli({"edt", "decompile", f, (dir / "q.txt").string()}).status, 0);
+    const std::string text = parlex::text::cp1251ToUtf8(testutil::readText(dir / "q.txt"));
+    EXPECT_NE(text.find("Фраза 020.\r\n\r\n1.Привет\r\n"), std::string::npos);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '*'), 21 * 80);
+}
+
+} // namespace
