@@ -4,7 +4,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 EXAMPLE    ?= examples/053.npc
 
-.PHONY: all deps build run test test-sanitize bench format clean
+.PHONY: all deps build run run-cli test test-sanitize bench format clean
 
 all: build
 
@@ -17,7 +17,12 @@ $(BUILD)/CMakeCache.txt:
 build: deps $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS)
 
+# Starts the window on the example script.
 run: build
+	$(BUILD)/parlex $(EXAMPLE)
+
+# The command-line tool on the example: its layout, bytes and every record in words.
+run-cli: build
 	$(BUILD)/parlex-cli info $(EXAMPLE)
 	$(BUILD)/parlex-cli dump $(EXAMPLE)
 	$(BUILD)/parlex-cli explain $(EXAMPLE)
@@ -31,6 +36,7 @@ test-sanitize: deps
 	cmake -S . -B $(ASAN_BUILD) -DCMAKE_BUILD_TYPE=Debug -DPARLEX_SANITIZE=ON -DPARLEX_BENCHMARKS=OFF
 	cmake --build $(ASAN_BUILD) -j $(JOBS)
 	ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
+		LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp \
 		ctest --test-dir $(ASAN_BUILD) --output-on-failure -j $(JOBS)
 
 bench: build

@@ -3,7 +3,7 @@
 # Does nothing when everything is already there; asks apt only for what is missing.
 set -euo pipefail
 
-packages=(make cmake g++ libgtest-dev libgmock-dev libbenchmark-dev)
+packages=(make cmake g++ libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# Start-up time: from process start until its window is mapped on the screen, for
+# parlex on the example script and for a minimal Qt window (one QLabel), alternating,
+# under one Xvfb server. Prints the median of each and their ratio.
+# Needs: xvfb, xdotool (apt-get install xvfb xdotool). Usage: benchmarks/startup.sh [RUNS]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+runs=${1:-15}
+build=${BUILD:-build}
+display=:$(( 100 + $$ % 400 ))
+Xvfb $display -screen 0 1280x800x24 >/dev/null 2>&1 &
+xvfb=$!
+trap 'kill $xvfb 2>/dev/null' EXIT
+sleep 1
+
+measure() { # title, command...
+    local title=$1; shift
+    local start end
+    start=$(date +%s%N)
+    DISPLAY=$display "$@" >/dev/null 2>&1 &
+    local pid=$!
+    # Poll every 10 ms: xdotool's own --sync waits half a second between looks.
+    local deadline=$(( start + 5000000000 ))
+    until DISPLAY=$display xdotool search --onlyvisible --name "^$title\$" >/dev/null 2>&1; do
+        if ! kill -0 $pid 2>/dev/null || (( $(date +%s%N) > deadline )); then
+            # Polling X this often can make Xvfb refuse a new client; such a start is
+            # not counted, only reported.
+            echo "no $title window (process gone or 5 s passed)" >&2
+            kill $pid 2>/dev/null; wait $pid 2>/dev/null || true
+            return
+        fi
+        sleep 0.01
+    done
+    end=$(date +%s%N)
+    kill $pid; wait $pid 2>/dev/null || true
+    echo $(( (end - start) / 1000 ))
+}
+
+median() { sort -n | awk '{a[NR]=$1} END {print (NR%2 ? a[(NR+1)/2] : (a[NR/2]+a[NR/2+1])/2)}'; }
+
+parlex=(); minimal=()
+for ((i = 0; i < runs; i++)); do
+    t=$(measure MINIMAL "$build/benchmarks/minimal-window"); [ -n "$t" ] && minimal+=("$t")
+    t=$(measure PARLEX "$build/parlex" examples/053.npc); [ -n "$t" ] && parlex+=("$t")
+done
+m=$(printf '%s\n' "${minimal[@]}" | median)
+p=$(printf '%s\n' "${parlex[@]}" | median)
+echo "runs: $runs (measured: minimal ${#minimal[@]}, parlex ${#parlex[@]})"
+echo "minimal window median: ${m} us"
+echo "parlex + example median: ${p} us"
+awk -v p="$p" -v m="$m" 'BEGIN { printf "ratio: %.2f\n", p / m }'

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+#include <vector>
+
+namespace parlex::gui {
+
+// Every question and message the program puts to the user goes through here, so
+// that the flows can be driven by a script in tests.
+class UserPrompts {
+public:
+    enum class Icon { Information, Exclamation, Critical, Question };
+    enum class Answer { Yes, No, Cancel };
+
+    struct Filter {
+        QString text;    // what the user reads: "*.npc", "все файлы (*.*)"
+        QString pattern; // what it matches: "*.npc", "*"
+    };
+    struct FileRequest {
+        QString title;
+        QString folder;       // where the dialog starts
+        QString proposedName; // file name offered, may be empty
+        std::vector<Filter> filters;
+        int filterIndex = 1; // counted from 1
+    };
+    struct FileChoice {
+        QString path;
+        int filterIndex = 1; // the filter the user chose, counted from 1
+    };
+
+    virtual ~UserPrompts() = default;
+
+    virtual void message(Icon icon, const QString& title, const QString& text) = 0;
+    // Yes / No, or Yes / No / Cancel with `withCancel`.
+    virtual Answer question(const QString& title, const QString& text, bool withCancel) = 0;
+    // Nothing when the user cancels. A save dialog asks before replacing a file.
+    virtual std::optional<FileChoice> openFile(const FileRequest& request) = 0;
+    virtual std::optional<FileChoice> saveFile(const FileRequest& request) = 0;
+    virtual void about(const QString& title, const QString& text) = 0;
+    virtual void beep() = 0;
+};
+
+} // namespace parlex::gui

@@ -1,0 +1,38 @@
+#include "text/pathfit.h"
+
+#include <gtest/gtest.h>
+
+using parlex::text::fitPath;
+
+namespace {
+
+// Ten pixels a character: widths are easy to reason about.
+int tenPerChar(std::string_view s) {
+    return static_cast<int>(s.size()) * 10;
+}
+
+TEST(FitPath, DropsFoldersFromTheTailAndKeepsTheHead) {
+    const std::string path = "/home/user/mods/ja2/scripts/053.npc"; // 35 characters
+    struct Case {
+        int available;
+        std::string shown;
+    } cases[] = {
+        {350 + 47, path}, // fits with the spare
+        {350 + 46, "/home/user/mods/ja2/.../053.npc"},
+        {310 + 47, "/home/user/mods/ja2/.../053.npc"},
+        {309 + 47, "/home/user/mods/.../053.npc"},
+        {250, "/home/.../053.npc"},
+        {216, "/.../053.npc"},
+        {10, "/.../053.npc"}, // nothing more to drop
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(fitPath(path, "053.npc", c.available, 47, tenPerChar), c.shown) << c.available;
+}
+
+TEST(FitPath, PathWithoutSeparatorsStaysAsItIs) {
+    // No folder to drop: the rule still writes the dots before the title.
+    EXPECT_EQ(fitPath("053.npc", "053.npc", 0, 47, tenPerChar), "053.npc.../053.npc");
+    EXPECT_EQ(fitPath("053.npc", "053.npc", 1000, 47, tenPerChar), "053.npc");
+}
+
+} // namespace

@@ -1,0 +1,68 @@
+#pragma once
+
+// Answers the program's questions from a script and remembers what it was shown.
+#include "prompts/userprompts.h"
+
+#include <deque>
+
+namespace guitest {
+
+using parlex::gui::UserPrompts;
+
+class ScriptedPrompts : public UserPrompts {
+public:
+    struct Shown {
+        Icon icon;
+        QString title, text;
+    };
+    std::vector<Shown> messages;
+    std::vector<QString> questions;
+    std::vector<FileRequest> requests;
+    std::deque<Answer> answers;
+    std::deque<std::optional<FileChoice>> files;
+    int beeps = 0;
+    int unexpected = 0; // questions or dialogs the script had no answer for
+
+    void message(Icon icon, const QString& title, const QString& text) override {
+        messages.push_back({icon, title, text});
+    }
+    Answer question(const QString&, const QString& text, bool) override {
+        questions.push_back(text);
+        if (answers.empty()) {
+            ++unexpected;
+            return Answer::Cancel;
+        }
+        const Answer a = answers.front();
+        answers.pop_front();
+        return a;
+    }
+    std::optional<FileChoice> openFile(const FileRequest& request) override {
+        return next(request);
+    }
+    std::optional<FileChoice> saveFile(const FileRequest& request) override {
+        return next(request);
+    }
+    void about(const QString& title, const QString& text) override {
+        messages.push_back({Icon::Information, title, text});
+    }
+    void beep() override { ++beeps; }
+
+    void choose(const QString& path, int filterIndex = 1) {
+        files.push_back(FileChoice{path, filterIndex});
+    }
+    void cancelDialog() { files.push_back(std::nullopt); }
+
+private:
+    std::optional<FileChoice> next(const FileRequest& request) {
+        requests.push_back(request);
+        if (files.empty()) {
+            ++unexpected;
+            return std::nullopt;
+        }
+        auto f = files.front();
+        files.pop_front();
+        return f;
+    }
+};
+
+} // namespace guitest
