@@ -532,3 +532,22 @@ void MainWindowTest::helpWithoutFileSaysSo() {
     win().showAbout();
     QVERIFY(f->prompts.messages.back().text.startsWith("Parlex (v.2.02)\n"));
 }
+
+void MainWindowTest::helpLabelClicksCycleSizeAndAlignment() {
+    auto* help = child<QLabel>("LblHelp");
+    const int startSize = help->font().pointSize();
+    QTest::mouseClick(help, Qt::LeftButton); // no text yet: nothing happens
+    QCOMPARE(help->font().pointSize(), startSize);
+    QVERIFY(open(write("l.npc", script({1}))));
+    hoverOn(0);
+    QVERIFY(!help->text().isEmpty());
+    QCOMPARE(startSize, 8);
+    for (int expected : {10, 12, 14, 8}) {
+        QTest::mouseClick(help, Qt::LeftButton);
+        QCOMPARE(help->font().pointSize(), expected);
+    }
+    for (Qt::AlignmentFlag expected : {Qt::AlignRight, Qt::AlignHCenter, Qt::AlignLeft}) {
+        QTest::mouseClick(help, Qt::RightButton);
+        QVERIFY(help->alignment().testFlag(expected));
+    }
+}

@@ -33,4 +33,5 @@ private slots:
     void listDisplayRowCounts();
     void pathIsShortenedAtNarrowWidth();
     void helpWithoutFileSaysSo();
+    void helpLabelClicksCycleSizeAndAlignment();
 };
