@@ -26,13 +26,13 @@ std::variant<Args, UsageError> parseArgs(std::span<char* const> words,
                 name = word.substr(0, eq);
                 inlineValue = word.substr(eq + 1);
             }
-            const OptionSpec* spec = nullptr;
+            const OptionSpec* known = nullptr;
             for (const auto& o : options)
                 if (o.name == name)
-                    spec = &o;
-            if (!spec)
+                    known = &o;
+            if (!known)
                 return UsageError{"неизвестный параметр " + std::string(name)};
-            if (!spec->takesValue) {
+            if (!known->takesValue) {
                 if (inlineValue)
                     return UsageError{"параметр " + std::string(name) + " не принимает значения"};
                 args.flags.emplace(name);

@@ -5,6 +5,7 @@
 #include "speech/decompiler.h"
 #include "speech/edtfile.h"
 #include "speech/edtsummary.h"
+#include "text/numbers.h"
 
 #include <ostream>
 
@@ -18,20 +19,25 @@ std::optional<EdtKind> kindOf(const Args& args) {
     return name ? parseEdtKind(*name) : std::nullopt;
 }
 
-std::string threeDigits(int n) {
-    std::string s = std::to_string(n);
-    return std::string(s.size() < 3 ? 3 - s.size() : 0, '0') + s;
-}
-
-int runShow(const Args& args, Io io) {
+// The speech file that the command line names, of the kind it names, or the exit
+// status of the refusal.
+std::variant<EdtFile, int> loadArgument(const Args& args, std::string_view command, Io io) {
+    if (args.positional.size() != 1)
+        return usage(command, "нужен ровно один файл .edt", io);
     const auto kind = kindOf(args);
-    if (args.positional.size() != 1 || !kind)
-        return usage("edt show",
-                     args.positional.size() != 1 ? "нужен ровно один файл .edt" : kKindComplaint,
-                     io);
+    if (!kind)
+        return usage(command, kKindComplaint, io);
     auto file = EdtFile::load(args.positional[0], *kind);
     if (!file)
         return report(file.error(), io);
+    return std::move(*file);
+}
+
+int runShow(const Args& args, Io io) {
+    auto loaded = loadArgument(args, "edt show", io);
+    if (const int* status = std::get_if<int>(&loaded))
+        return *status;
+    const EdtFile* file = &std::get<EdtFile>(loaded);
     if (args.has("--json")) {
         io.out << "{\"kind\":" << jsonString(file->info().name)
                << ",\"lastPhrase\":" << file->lastPhrase() << ",\"phrases\":[";
@@ -42,20 +48,17 @@ int runShow(const Args& args, Io io) {
     }
     for (int i = 0; i <= file->lastPhrase(); ++i)
         if (!file->phraseBytes(i).empty())
-            io.out << threeDigits(i) << ": " << file->phrase(i) << "\n";
+            io.out << text::zeroPadded(static_cast<unsigned>(i), 3) << ": " << file->phrase(i)
+                   << "\n";
     return kOk;
 }
 
 int runInfo(const Args& args, Io io) {
-    const auto kind = kindOf(args);
-    if (args.positional.size() != 1 || !kind)
-        return usage("edt info",
-                     args.positional.size() != 1 ? "нужен ровно один файл .edt" : kKindComplaint,
-                     io);
-    auto file = EdtFile::load(args.positional[0], *kind);
-    if (!file)
-        return report(file.error(), io);
-    const EdtSummary s = summarize(&*file);
+    auto loaded = loadArgument(args, "edt info", io);
+    if (const int* status = std::get_if<int>(&loaded))
+        return *status;
+    const EdtFile* file = &std::get<EdtFile>(loaded);
+    const EdtSummary s = summarize(file);
     if (args.has("--json")) {
         const auto number = [](const std::optional<int>& v) {
             return v ? std::to_string(*v) : std::string("null");
@@ -77,30 +80,26 @@ int runInfo(const Args& args, Io io) {
 }
 
 int runSet(const Args& args, Io io) {
-    const auto kind = kindOf(args);
-    if (args.positional.size() != 1)
-        return usage("edt set", "нужен ровно один файл .edt", io);
-    if (!kind)
-        return usage("edt set", kKindComplaint, io);
     if (!args.has("--phrase") || !args.has("--text"))
         return usage("edt set", "нужны параметры --phrase N и --text ТЕКСТ", io);
-    auto file = EdtFile::load(args.positional[0], *kind);
-    if (!file)
-        return report(file.error(), io);
-    const auto index = parseNumber(*args.value("--phrase"), 0, file->lastPhrase());
+    auto loaded = loadArgument(args, "edt set", io);
+    if (const int* status = std::get_if<int>(&loaded))
+        return *status;
+    EdtFile& file = std::get<EdtFile>(loaded);
+    // The phrase number is checked against the file by setPhrase.
+    const auto index = parseNumber(*args.value("--phrase"), -1, 1 << 20);
     if (!index)
-        return report({ErrorKind::Invalid, "Фразы \"" + *args.value("--phrase") +
-                                               "\" нет: номера фраз этого файла от 0 до " +
-                                               std::to_string(file->lastPhrase()) + "."},
+        return report({ErrorKind::Invalid,
+                       "Номер фразы \"" + *args.value("--phrase") + "\" не является числом."},
                       io);
     const int n = static_cast<int>(*index);
-    if (auto set = file->setPhrase(n, *args.value("--text")); !set)
+    if (auto set = file.setPhrase(n, *args.value("--text")); !set)
         return report(set.error(), io);
-    const std::size_t length = file->phraseBytes(n).size();
-    if (auto saved = file->save(); !saved)
+    const std::size_t length = file.phraseBytes(n).size();
+    if (auto saved = file.save(); !saved)
         return report(saved.error(), io);
-    if (length > file->info().textLimit)
-        io.err << "parlex-cli: фраза " << n << " обрезана до " << file->info().textLimit
+    if (length > file.info().textLimit)
+        io.err << "parlex-cli: фраза " << n << " обрезана до " << file.info().textLimit
                << " символов\n";
     return kOk;
 }

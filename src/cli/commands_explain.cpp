@@ -6,6 +6,7 @@
 #include "explain/fieldlayout.h"
 #include "npc/npcfile.h"
 #include "platform/files.h"
+#include "text/numbers.h"
 
 #include <ostream>
 
@@ -21,12 +22,8 @@ std::string fieldHex(const NpcRecord& record, const FieldInfo& field) {
     return out;
 }
 
-std::string twoDigits(int n) {
-    return (n < 10 ? "0" : "") + std::to_string(n);
-}
-
 void printText(const NpcRecord* record, int position, const ExplainContext& context, Io io) {
-    io.out << "Запись " << twoDigits(position) << ": "
+    io.out << "Запись " << text::zeroPadded(static_cast<unsigned>(position), 2) << ": "
            << (record ? toHex(*record) : std::string("(нет записи)")) << "\n";
     for (const auto& field : fieldTable()) {
         const Explanation e = explain(record, record ? field.index : kNoRecordField, context);

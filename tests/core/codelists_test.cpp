@@ -120,20 +120,6 @@ TEST(HelpTexts, OneTextPerFieldWithTitleEmptyLineAndBody) {
     EXPECT_NE(helpText(16)->find("запись) \r\n"), std::string::npos);
 }
 
-TEST(LookupCode, FieldsUseTheirListsWithoutOverrideFiles) {
-    TempDir dir;
-    CodeLists lists(dir.path());
-    EXPECT_EQ(lists.lookupCode(17, 57), "Мигель\\PGMale 4");
-    EXPECT_EQ(lists.lookupCode(2, 351), "?");
-    EXPECT_EQ(lists.lookupCode(22, 1), "Глок 17");
-    EXPECT_EQ(lists.lookupCode(20, 500), "?");
-    EXPECT_EQ(lists.lookupCode(8, 0), "Доставить письмо Мигелю");
-    EXPECT_EQ(lists.lookupCode(16, 0), "Воссоединение с повстанцами");
-    EXPECT_EQ(lists.lookupCode(11, 5), "?");
-    EXPECT_EQ(lists.lookupCode(26, 65494), "НПЦ встает с инвалидного кресла");
-    EXPECT_EQ(lists.lookupCode(13, 1), "?"); // a field without a list
-}
-
 TEST(LookupCode, OverrideFileRules) {
     struct Case {
         std::vector<std::string> lines;

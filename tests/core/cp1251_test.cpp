@@ -62,10 +62,4 @@ TEST(Cp1251, MalformedUtf8IsRefused) {
         EXPECT_FALSE(utf8ToCp1251(text)) << ::testing::PrintToString(std::string(text));
 }
 
-TEST(Utf8Length, CountsCharactersNotBytes) {
-    EXPECT_EQ(utf8Length("абв"), 3u);
-    EXPECT_EQ(utf8Length("a✓"), 2u);
-    EXPECT_EQ(utf8Length(""), 0u);
-}
-
 } // namespace

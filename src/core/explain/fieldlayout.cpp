@@ -1,5 +1,7 @@
 #include "explain/fieldlayout.h"
 
+#include "text/numbers.h"
+
 #include <array>
 
 namespace parlex {
@@ -32,21 +34,10 @@ constexpr std::array<FieldInfo, 21> kFields{{
     {28, FieldWidth::Bytes, "Spare29", std::nullopt, 0x00, ""},
 }};
 
-std::string twoDigits(int n) {
-    return (n < 10 ? "0" : "") + std::to_string(n);
-}
-
 } // namespace
 
 std::span<const FieldInfo> fieldTable() {
     return kFields;
-}
-
-const FieldInfo* fieldInfo(int fieldIndex) {
-    for (const auto& f : kFields)
-        if (f.index == fieldIndex)
-            return &f;
-    return nullptr;
 }
 
 FieldStart fieldStart(int byteIndex) {
@@ -55,7 +46,8 @@ FieldStart fieldStart(int byteIndex) {
     if (byteIndex >= 28)
         return {28, " (29-32 as Bytes)"};
     const int first = byteIndex - byteIndex % 2;
-    return {first, " (" + twoDigits(first + 1) + "-" + twoDigits(first + 2) + " as Word)"};
+    return {first, " (" + text::zeroPadded(first + 1, 2) + "-" + text::zeroPadded(first + 2, 2) +
+                       " as Word)"};
 }
 
 std::uint32_t fieldValue(const NpcRecord& record, int fieldIndex) {

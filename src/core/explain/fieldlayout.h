@@ -30,9 +30,6 @@ struct FieldInfo {
 // The 21 fields in file order.
 std::span<const FieldInfo> fieldTable();
 
-// The field that starts at `fieldIndex`, or nothing if no field starts there.
-const FieldInfo* fieldInfo(int fieldIndex);
-
 struct FieldStart {
     int fieldIndex;
     std::string label; // " (01-02 as Word)", " (9 as Byte)", " (29-32 as Bytes)"

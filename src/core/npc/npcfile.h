@@ -84,7 +84,6 @@ public:
             file.setRecord(index, *record_);
     }
     void clear() { record_.reset(); }
-    const std::optional<NpcRecord>& content() const { return record_; }
 
 private:
     std::optional<NpcRecord> record_;

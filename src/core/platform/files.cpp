@@ -179,8 +179,4 @@ fs::path programDir() {
     return ec ? fs::current_path() : exe.parent_path();
 }
 
-std::string fileTitle(const fs::path& path) {
-    return path.filename().string();
-}
-
 } // namespace parlex::platform

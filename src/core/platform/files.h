@@ -50,7 +50,4 @@ std::string writeErrorMessage(int errorNumber);
 // The folder of the running executable.
 fs::path programDir();
 
-// The file name part of a path as the user typed it.
-std::string fileTitle(const fs::path& path);
-
 } // namespace parlex::platform

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "speech/edtfile.h"
 #include "text/cp1251.h"
+#include "text/numbers.h"
 
 #include <array>
 
@@ -26,11 +27,6 @@ constexpr std::array<std::string_view, 10> kFiring = {
     "Запись сработает: только один раз в день!",
     "Запись сработает: всегда!",
 };
-
-std::string threeDigits(int n) {
-    std::string s = std::to_string(n);
-    return std::string(3 - std::min<std::size_t>(3, s.size()), '0') + s;
-}
 
 std::string_view trim(std::string_view s) {
     const auto first = s.find_first_not_of(' ');
@@ -87,12 +83,12 @@ std::string decompileText(const EdtFile& file) {
     const std::string stars(80, '*');
     for (int n = 0; n <= l; ++n) {
         if (n < kFixedRoles) {
-            utf8 += "Фраза " + threeDigits(n) + ". " +
+            utf8 += "Фраза " + text::zeroPadded(static_cast<unsigned>(n), 3) + ". " +
                     resourceString(kHeadString + n).value_or("") + "\r\n";
             if (n < static_cast<int>(kFiring.size()))
                 utf8 += std::string(kFiring[n]) + "\r\n";
         } else {
-            utf8 += "Фраза " + threeDigits(n) + ".\r\n\r\n";
+            utf8 += "Фраза " + text::zeroPadded(static_cast<unsigned>(n), 3) + ".\r\n\r\n";
         }
         auto lines = wrapText(file.phraseBytes(n));
         lines.resize(3);

@@ -128,12 +128,4 @@ Result<std::string> utf8ToCp1251(std::string_view utf8) {
     return out;
 }
 
-std::size_t utf8Length(std::string_view utf8) {
-    std::size_t n = 0;
-    for (char c : utf8)
-        if ((static_cast<unsigned char>(c) & 0xC0) != 0x80)
-            ++n;
-    return n;
-}
-
 } // namespace parlex::text

@@ -26,7 +26,4 @@ Result<std::string> utf8ToCp1251(std::string_view utf8);
 std::optional<char32_t> nextUtf8(std::string_view utf8, std::size_t& pos);
 void appendUtf8(std::string& out, char32_t ch);
 
-// Number of characters (code points) of a UTF-8 string.
-std::size_t utf8Length(std::string_view utf8);
-
 } // namespace parlex::text

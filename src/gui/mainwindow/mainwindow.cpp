@@ -5,6 +5,7 @@
 #include "mainwindow/bytegrid.h"
 #include "mainwindow/statuspanels.h"
 #include "platform/files.h"
+#include "text/numbers.h"
 #include "text/pathfit.h"
 
 #include <QApplication>
@@ -36,10 +37,6 @@ QString q(const std::string& s) {
 }
 std::filesystem::path fsPath(const QString& s) {
     return std::filesystem::path(s.toStdString());
-}
-
-QString twoDigits(int n) {
-    return QString("%1").arg(n, 2, 10, QChar('0'));
 }
 
 bool samePath(const std::filesystem::path& a, const std::filesystem::path& b) {
@@ -662,11 +659,7 @@ void MainWindow::hover(int index) {
         explainField(kNoRecordField);
         return;
     }
-    showPosition(index);
-    grid_->markField(index, ByteGrid::kHover);
-    const int field = fieldStart(index).fieldIndex;
-    help_->setText(q(helpText(field).value_or(std::string())).replace("\r\n", "\n"));
-    explainField(field);
+    showField(index, ByteGrid::kHover);
 }
 
 void MainWindow::press(int index, Qt::MouseButton button) {
@@ -681,11 +674,7 @@ void MainWindow::press(int index, Qt::MouseButton button) {
         if (!pinned_)
             return;
         grid_->resetColours();
-        showPosition(index);
-        grid_->markField(index, ByteGrid::kPinned);
-        const int field = fieldStart(index).fieldIndex;
-        help_->setText(q(helpText(field).value_or(std::string())).replace("\r\n", "\n"));
-        explainField(field);
+        showField(index, ByteGrid::kPinned);
         return;
     }
     if (pinned_) {
@@ -697,9 +686,19 @@ void MainWindow::press(int index, Qt::MouseButton button) {
     }
 }
 
+// Position text, the field's colour, its help text and its sentence.
+void MainWindow::showField(int index, const QColor& colour) {
+    showPosition(index);
+    grid_->markField(index, colour);
+    const int field = fieldStart(index).fieldIndex;
+    help_->setText(q(helpText(field).value_or(std::string())).replace("\r\n", "\n"));
+    explainField(field);
+}
+
 void MainWindow::showPosition(int index) {
     positionByte_ = index;
-    sbarInf_->setText(1, twoDigits(position()) + ":" + twoDigits(index + 1) +
+    sbarInf_->setText(1, q(text::zeroPadded(static_cast<unsigned>(position()), 2)) + ":" +
+                             q(text::zeroPadded(static_cast<unsigned>(index + 1), 2)) +
                              q(fieldStart(index).label));
 }
 

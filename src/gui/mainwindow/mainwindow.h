@@ -91,6 +91,7 @@ private:
     void sliderChanged();
     void hover(int index);
     void press(int index, Qt::MouseButton button);
+    void showField(int index, const QColor& colour);
     void showPosition(int index);
     void explainField(int fieldIndex);
     void repaintCurrentByte();
