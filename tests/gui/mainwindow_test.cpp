@@ -377,6 +377,14 @@ void MainWindowTest::saveQuestionAnswers() {
     f->prompts.cancelDialog();
     QVERIFY(!win().openFile());
     QVERIFY(win().document()->isNew());
+    // A save that fails keeps the changed document instead of dropping it.
+    testutil::writeText(f->dir / "plain", "x");
+    f->prompts.answers = {Answer::Yes};
+    f->prompts.choose(QString::fromStdString((f->dir / "plain" / "x.npc").string()));
+    QVERIFY(!win().close());
+    QCOMPARE(f->prompts.messages.back().icon, UserPrompts::Icon::Critical);
+    QVERIFY(f->prompts.messages.back().text.startsWith("Ошибка во время сохранения файла"));
+    QVERIFY(win().document()->isChanged());
 }
 
 void MainWindowTest::closeAsksAndCancelKeepsTheWindow() {

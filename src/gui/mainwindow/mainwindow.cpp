@@ -386,9 +386,10 @@ MainWindow::Ask MainWindow::askSaveNpc() {
     case UserPrompts::Answer::Yes:
         break;
     }
+    // A save that failed has said so; the flow that asked stops, so that the
+    // changes are not thrown away with the document.
     const SaveOutcome outcome = npc_->needsSaveAs() ? saveAs() : save();
-    // A failed save has said so; the flow that asked goes on.
-    return outcome == SaveOutcome::Cancelled ? Ask::Cancel : Ask::Continue;
+    return outcome == SaveOutcome::Saved ? Ask::Continue : Ask::Cancel;
 }
 
 bool MainWindow::load(const std::filesystem::path& path, bool reload) {
