@@ -16,18 +16,14 @@ std::filesystem::path listsFolder(const Args& args) {
     return platform::programDir();
 }
 
-std::optional<ListKey> keyArgument(const std::string& text) {
-    return parseListKey(text);
-}
-
-constexpr std::string_view kKeys = "N T I Qi Qo A R";
+constexpr std::string_view kBadKey = "ключ списка должен быть одним из: N T I Qi Qo A R";
 
 int runLookup(const Args& args, Io io) {
     if (args.positional.size() != 2)
         return usage("lookup", "нужны КЛЮЧ и КОД", io);
-    const auto key = keyArgument(args.positional[0]);
+    const auto key = parseListKey(args.positional[0]);
     if (!key)
-        return usage("lookup", "ключ списка должен быть одним из: " + std::string(kKeys), io);
+        return usage("lookup", kBadKey, io);
     const auto code = parseNumber(args.positional[1], 0, 4294967295LL);
     if (!code)
         return usage("lookup", "код должен быть целым неотрицательным числом", io);
@@ -38,9 +34,9 @@ int runLookup(const Args& args, Io io) {
 int runShow(const Args& args, Io io) {
     if (args.positional.size() != 1)
         return usage("lists show", "нужен ровно один КЛЮЧ", io);
-    const auto key = keyArgument(args.positional[0]);
+    const auto key = parseListKey(args.positional[0]);
     if (!key)
-        return usage("lists show", "ключ списка должен быть одним из: " + std::string(kKeys), io);
+        return usage("lists show", kBadKey, io);
     const ListRows rows = CodeLists(listsFolder(args)).rows(*key);
     for (const auto& row : rows.rows)
         io.out << row << "\n";
@@ -54,10 +50,9 @@ int runShow(const Args& args, Io io) {
 int runExtract(const Args& args, Io io) {
     std::vector<ListKey> keys;
     for (const auto& word : args.positional) {
-        const auto key = keyArgument(word);
+        const auto key = parseListKey(word);
         if (!key)
-            return usage("lists extract", "ключ списка должен быть одним из: " + std::string(kKeys),
-                         io);
+            return usage("lists extract", kBadKey, io);
         keys.push_back(*key);
     }
     if (keys.empty())
