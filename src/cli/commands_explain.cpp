@@ -6,6 +6,7 @@
 #include "explain/fieldlayout.h"
 #include "npc/npcfile.h"
 #include "platform/files.h"
+#include "text/hex.h"
 #include "text/numbers.h"
 
 #include <ostream>
@@ -13,25 +14,16 @@
 namespace parlex::cli {
 namespace {
 
-// The bytes of a field as hex pairs ("0C 01"); bytes 29-32 all four.
-std::string fieldHex(const NpcRecord& record, const FieldInfo& field) {
-    const int width = field.width == FieldWidth::Word ? 2 : field.width == FieldWidth::Byte ? 1 : 4;
-    std::string out;
-    for (int i = 0; i < width; ++i)
-        out += (i ? " " : "") + byteHex(record[field.index + i]);
-    return out;
-}
-
 void printText(const NpcRecord* record, int position, const ExplainContext& context, Io io) {
     io.out << "Запись " << text::zeroPadded(static_cast<unsigned>(position), 2) << ": "
-           << (record ? toHex(*record) : std::string("(нет записи)")) << "\n";
+           << (record ? text::hexBytes(*record) : std::string("(нет записи)")) << "\n";
     for (const auto& field : fieldTable()) {
-        const Explanation e = explain(record, record ? field.index : kNoRecordField, context);
+        const Explanation e = explain(record, field.index, context);
         std::string label = fieldStart(field.index).label; // " (01-02 as Word)"
         label = label.substr(2, label.size() - 3);
         io.out << (e.alert ? "  ! " : "    ") << label;
         if (record)
-            io.out << " [" << fieldHex(*record, field) << "]";
+            io.out << " [" << fieldHex(*record, field.index) << "]";
         io.out << ": " << e.text;
         if (!e.remark.empty())
             io.out << "**" << e.remark << "**";
@@ -41,11 +33,11 @@ void printText(const NpcRecord* record, int position, const ExplainContext& cont
 
 void printJson(const NpcRecord* record, int position, const ExplainContext& context, Io io) {
     io.out << "{\"record\":" << position
-           << ",\"hex\":" << jsonString(record ? toHex(*record, "") : std::string())
+           << ",\"hex\":" << jsonString(record ? text::hexBytes(*record, "") : std::string())
            << ",\"fields\":[";
     bool first = true;
     for (const auto& field : fieldTable()) {
-        const Explanation e = explain(record, record ? field.index : kNoRecordField, context);
+        const Explanation e = explain(record, field.index, context);
         const std::uint32_t value =
             record && !isEmptyRecord(*record) ? fieldValue(*record, field.index) : 0;
         io.out << (first ? "" : ",") << "{\"field\":" << field.index
@@ -79,8 +71,7 @@ int runExplain(const Args& args, Io io) {
     if (json)
         io.out << "{\"type\":" << jsonString(typeTag(file->type())) << ",\"records\":[";
     for (int position = from; position <= to; ++position) {
-        const NpcRecord* record =
-            file->hasRecordAt(position) ? &file->record(position - 1) : nullptr;
+        const NpcRecord* record = file->recordAt(position);
         if (json) {
             io.out << (position == from ? "" : ",");
             printJson(record, position, context, io);

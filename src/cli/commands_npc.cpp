@@ -3,11 +3,23 @@
 #include "cli/json.h"
 #include "explain/fieldlayout.h"
 #include "npc/npcfile.h"
+#include "text/hex.h"
+#include "text/numbers.h"
 
 #include <ostream>
 
 namespace parlex::cli {
 namespace {
+
+// A place of a record by its first byte index ("13") or by its field's name ("PhraseFirst").
+std::optional<int> fieldByName(const std::string& given) {
+    if (const auto number = parseNumber(given, 0, static_cast<long long>(kRecordSize) - 1))
+        return static_cast<int>(*number);
+    for (const FieldInfo& f : fieldTable())
+        if (f.name == given)
+            return f.index;
+    return std::nullopt;
+}
 
 int runInfo(const Args& args, Io io) {
     if (args.positional.size() != 1)
@@ -21,8 +33,7 @@ int runInfo(const Args& args, Io io) {
                << ",\"records\":" << file->recordCount()
                << ",\"nonEmpty\":" << file->nonEmptyCount() << "}\n";
     } else {
-        io.out << "Тип файла:\n"
-               << typeText(file->type()) << "\nЗаписей: " << file->nonEmptyCount() << "\n";
+        io.out << file->summary() << "\n";
     }
     return kOk;
 }
@@ -34,7 +45,8 @@ int runDump(const Args& args, Io io) {
     if (!file)
         return report(file.error(), io);
     for (std::size_t i = 0; i < file->recordCount(); ++i)
-        io.out << (i < 9 ? "0" : "") << i + 1 << ": " << toHex(file->record(i)) << "\n";
+        io.out << text::zeroPadded(static_cast<unsigned>(i + 1), 2) << ": "
+               << text::hexBytes(file->record(i)) << "\n";
     return kOk;
 }
 
@@ -44,14 +56,11 @@ int runSet(const Args& args, Io io) {
     for (const char* name : {"--record", "--field", "--value"})
         if (!args.has(name))
             return usage("set", std::string("не задан параметр ") + name, io);
-    const auto record = parseNumber(*args.value("--record"), 1, 50);
-    const auto field = parseNumber(*args.value("--field"), 0, 31);
+    const auto record = parseNumber(*args.value("--record"), 1, kPositions);
+    const auto field = fieldByName(*args.value("--field"));
     const auto value = parseNumber(*args.value("--value"), 0, 4294967295LL);
-    if (!field || !editableFieldWidth(static_cast<int>(*field)))
-        return report({ErrorKind::Invalid, "Поле \"" + *args.value("--field") +
-                                               "\" нельзя изменить: допустимы поля 0, 2, 4, 6, "
-                                               "8-19, 20, 22, 24, 26, 28-31."},
-                      io);
+    if (!field || !editableFieldWidth(*field))
+        return report({ErrorKind::Invalid, fieldRefusal("\"" + *args.value("--field") + "\"")}, io);
     if (!value)
         return report({ErrorKind::Invalid, "Значение \"" + *args.value("--value") +
                                                "\" не является целым неотрицательным числом."},
@@ -60,14 +69,10 @@ int runSet(const Args& args, Io io) {
     if (!file)
         return report(file.error(), io);
     if (!record || !file->hasRecordAt(static_cast<int>(*record)))
-        return report({ErrorKind::Invalid, "Записи \"" + *args.value("--record") +
-                                               "\" в файле нет: записи с 1 по " +
-                                               std::to_string(file->recordCount()) + "."},
-                      io);
+        return report(
+            {ErrorKind::Invalid, file->positionRefusal("\"" + *args.value("--record") + "\"")}, io);
     NpcRecord changed = file->record(static_cast<std::size_t>(*record - 1));
-    if (auto set =
-            setFieldValue(changed, static_cast<int>(*field), static_cast<std::uint32_t>(*value));
-        !set)
+    if (auto set = setFieldValue(changed, *field, static_cast<std::uint32_t>(*value)); !set)
         return report(set.error(), io);
     file->setRecord(static_cast<std::size_t>(*record - 1), changed);
     if (auto saved = file->save(); !saved)
@@ -105,7 +110,8 @@ constexpr Command kCommands[] = {
     {"set", "set FILE.npc --record N --field F --value V",
      "записывает одно поле записи и сохраняет файл в его формате",
      "N: номер записи с 1. F: поле 0, 2, 4, 6, 20, 22, 24, 26 (Word, 0-65535)\n"
-     "или 8-19, 28, 29, 30, 31 (Byte, 0-255). V: десятичное число.\n"
+     "или 8-19, 28, 29, 30, 31 (Byte, 0-255), либо имя поля (PhraseFirst, MoveTo...).\n"
+     "V: десятичное число.\n"
      "Недопустимое значение, поле или запись: код 1, файл не изменяется.",
      kSetOptions, runSet},
     {"convert",

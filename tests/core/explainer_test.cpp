@@ -295,7 +295,7 @@ TEST_F(ExplainerTest, EmptyRecordAndMissingPositionOnEveryField) {
         EXPECT_EQ(missing.text, "Запись не существует");
         EXPECT_TRUE(missing.alert);
     }
-    EXPECT_EQ(explain(&kNeutralRecord, kNoRecordField, {}).text, "Запись не существует");
+    EXPECT_EQ(explain(nullptr, 0, {}).text, "Запись не существует");
 }
 
 TEST_F(ExplainerTest, PhraseStepNamesThePhraseOnlyWhenThePaneShouldFollow) {

@@ -1,4 +1,5 @@
 #include "explain/fieldlayout.h"
+#include "text/hex.h"
 
 #include <gtest/gtest.h>
 
@@ -59,21 +60,40 @@ TEST(FieldValue, ReadsEachWidth) {
     }
 }
 
-TEST(FieldTable, NeutralValuesComposeTheNeutralRecord) {
-    ASSERT_EQ(fieldTable().size(), 21u);
-    NpcRecord composed{};
+TEST(FieldTable, CoversEveryByteOnceAndGivesTheNeutralRecord) {
     int lastEnd = 0;
     for (const auto& f : fieldTable()) {
         EXPECT_EQ(f.index, lastEnd) << "fields must follow each other without gaps";
-        const int width = f.width == FieldWidth::Word ? 2 : f.width == FieldWidth::Byte ? 1 : 4;
-        for (int i = 0; i < width; ++i)
-            composed[f.index + i] = static_cast<std::uint8_t>((f.neutral >> (8 * i)) & 0xFF);
-        lastEnd = f.index + width;
+        lastEnd = f.index + f.size();
     }
     EXPECT_EQ(lastEnd, 32);
-    EXPECT_EQ(composed, kNeutralRecord);
-    EXPECT_EQ(toHex(kNeutralRecord, ""),
+    for (int byte = 0; byte < 32; ++byte)
+        EXPECT_TRUE(fieldAt(byte).contains(byte)) << byte;
+    EXPECT_EQ(text::hexBytes(kNeutralRecord, ""),
               "00000000FFFFFFFFFF00FF0000FF01FFFFFFFF00FFFF0000FFFF000000000000");
+    EXPECT_EQ(fieldHex(kNeutralRecord, 4), "FF FF");
+    EXPECT_EQ(fieldHex(kNeutralRecord, 14), "01");
+    EXPECT_EQ(fieldHex(kNeutralRecord, 28), "00 00 00 00");
+}
+
+TEST(FieldTable, ListsOfFields) {
+    const std::pair<int, std::optional<ListKey>> cases[] = {
+        {0, std::nullopt}, {2, ListKey::I},    {4, ListKey::T},   {6, ListKey::T},
+        {8, ListKey::Qi},  {11, ListKey::A},   {15, ListKey::Qi}, {16, ListKey::Qo},
+        {17, ListKey::N},  {18, std::nullopt}, {20, ListKey::T},  {22, ListKey::I},
+        {26, ListKey::R},  {3, std::nullopt},  {28, std::nullopt}};
+    for (auto [field, list] : cases)
+        EXPECT_EQ(listForField(field), list) << field;
+}
+
+TEST(FieldTable, TheByteEditorOffersTwentyFourPlaces) {
+    std::string rows;
+    for (const auto& e : editableFields())
+        rows += std::to_string(e.index) + (e.width == FieldWidth::Word ? "w " : "b ");
+    EXPECT_EQ(rows, "0w 2w 4w 6w 8b 9b 10b 11b 12b 13b 14b 15b 16b 17b 18b 19b 20w 22w 24w 26w "
+                    "28b 29b 30b 31b ");
+    EXPECT_EQ(fieldRefusal("\"5\""), "Поле \"5\" нельзя изменить: допустимы поля 0, 2, 4, 6, "
+                                     "8-19, 20, 22, 24, 26, 28-31.");
 }
 
 TEST(SetFieldValue, WritesWordsLowByteFirstAndRefusesWhatDoesNotFit) {

@@ -1,3 +1,5 @@
+#include "explain/fieldlayout.h"
+#include "npc/edithistory.h"
 #include "npc/npcfile.h"
 #include "testutil.h"
 
@@ -113,12 +115,12 @@ TEST(NpcFileChange, RecordCommandsAreSeenOnlyWhenBytesDiffer) {
     NpcFile file = NpcFile::makeNew();
     EXPECT_TRUE(file.isNew());
     EXPECT_FALSE(file.isChanged());
-    file.wipe(2); // already empty
+    file.setRecord(2, kEmptyRecord); // already empty
     EXPECT_FALSE(file.isChanged());
-    file.resetToNeutral(2);
+    file.setRecord(2, kNeutralRecord);
     EXPECT_TRUE(file.isChanged());
     EXPECT_EQ(file.nonEmptyCount(), 1u); // a standard-deleted record is not empty
-    file.wipe(2);
+    file.setRecord(2, kEmptyRecord);
     EXPECT_FALSE(file.isChanged());
     EXPECT_EQ(file.recordCount(), 50u);
 }
@@ -132,18 +134,16 @@ TEST(RecordBuffer, CarriesAllBytesFromOneLayoutIntoTheOtherAndOutlivesLoads) {
     EXPECT_FALSE(buffer.isFilled());
     NpcFile ja = NpcFile::fromBytes(
         npcformat::convertLayout(npcformat::FileBytes{}, NpcFileType::Ja).value(), "j.npc");
-    buffer.pasteInto(ja, 0); // empty buffer: nothing happens
-    EXPECT_FALSE(ja.isChanged());
-    buffer.copyFrom(ub, 7);
+    buffer.copy(ub.record(7));
     ub = NpcFile::makeNew(); // the source document is gone
-    buffer.pasteInto(ja, 48);
+    ja.setRecord(48, *buffer.record());
     EXPECT_EQ(ja.record(48)[0], 100);
     EXPECT_EQ(ja.record(48)[31], 131);
     EXPECT_TRUE(ja.isChanged());
-    // Pasting an empty record clears one.
-    buffer.copyFrom(ub, 0);
+    // An empty record copied counts as filled; pasting it clears one.
+    buffer.copy(ub.record(0));
     EXPECT_TRUE(buffer.isFilled());
-    buffer.pasteInto(ja, 48);
+    ja.setRecord(48, *buffer.record());
     EXPECT_FALSE(ja.isChanged());
 }
 
@@ -191,12 +191,14 @@ TEST(NpcFileSave, UbRecordStartingWithJaMarkComesBackAsJa) {
 TEST(NpcFileSave, NewDocumentSavedAtOnceIsAllZeroUb) {
     TempDir dir;
     NpcFile file = NpcFile::makeNew();
-    EXPECT_TRUE(file.needsSaveAs());
+    EXPECT_EQ(file.saveRoute(), NpcFile::SaveRoute::AskForName);
     EXPECT_EQ(file.save().error().kind, ErrorKind::NotFound);
     ASSERT_TRUE(file.saveAs(dir / "new.npc"));
     EXPECT_EQ(testutil::readBytes(dir / "new.npc"), std::vector<std::uint8_t>(1600, 0));
     EXPECT_FALSE(file.isNew());
-    EXPECT_FALSE(file.needsSaveAs());
+    EXPECT_EQ(file.saveRoute(), NpcFile::SaveRoute::InPlace);
+    std::filesystem::remove(dir / "new.npc"); // gone from disk: a save asks for a name
+    EXPECT_EQ(file.saveRoute(), NpcFile::SaveRoute::AskForName);
     EXPECT_EQ(file.type(), NpcFileType::Ub);
 }
 
@@ -207,7 +209,7 @@ TEST(NpcFileSave, ReadOnlyFileIsReplacedAndLeftWritable) {
     std::filesystem::permissions(path, std::filesystem::perms::owner_read);
     auto file = NpcFile::load(path);
     ASSERT_TRUE(file);
-    file->resetToNeutral(0);
+    file->setRecord(0, kNeutralRecord);
     ASSERT_TRUE(file->save());
     EXPECT_EQ(testutil::readBytes(path)[4], 0xFF);
     EXPECT_NE(std::filesystem::status(path).permissions() & std::filesystem::perms::owner_write,
@@ -221,7 +223,7 @@ TEST(NpcFileSave, FailureWhilstWritingLeavesOldFileIntactAndDocumentChanged) {
     testutil::writeBytes(path, original);
     auto file = NpcFile::load(path);
     ASSERT_TRUE(file);
-    file->resetToNeutral(10);
+    file->setRecord(10, kNeutralRecord);
 
     // Let the write stop part-way: files may grow to 1000 bytes only.
     auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
@@ -250,7 +252,7 @@ TEST(NpcFileSave, PathBelowAFileFailsAndKeepsDocument) {
     TempDir dir;
     testutil::writeText(dir / "plain", "x");
     NpcFile file = NpcFile::makeNew();
-    file.resetToNeutral(0);
+    file.setRecord(0, kNeutralRecord);
     auto saved = file.saveAs(dir / "plain" / "a.npc");
     ASSERT_FALSE(saved);
     EXPECT_EQ(saved.error().kind, ErrorKind::Write);
@@ -263,12 +265,107 @@ TEST(NpcFileSave, TwoSavesInARowGiveTheSameFile) {
     testutil::writeBytes(dir / "t.npc", testutil::patternBytes(1600, 1));
     auto file = NpcFile::load(dir / "t.npc");
     ASSERT_TRUE(file);
-    file->resetToNeutral(5);
+    file->setRecord(5, kNeutralRecord);
     ASSERT_TRUE(file->save());
     const auto first = testutil::readBytes(dir / "t.npc");
     EXPECT_FALSE(file->isChanged());
     ASSERT_TRUE(file->save());
     EXPECT_EQ(testutil::readBytes(dir / "t.npc"), first);
+}
+
+TEST(NpcFileSearch, FirstAndLastNonEmptyPositions) {
+    struct Case {
+        std::vector<int> filled; // positions holding a standard-deleted record
+        bool ja;
+        std::optional<int> first, last;
+    };
+    const Case cases[] = {
+        {{}, false, std::nullopt, std::nullopt},
+        {{1}, false, 1, 1},
+        {{7, 3, 12}, false, 3, 12},
+        {{50}, false, 50, 50},
+        {{49}, true, 49, 49},
+        {{2, 49}, true, 2, 49},
+    };
+    for (const auto& c : cases) {
+        npcformat::FileBytes bytes{};
+        if (c.ja)
+            std::copy(npcformat::kJaMark.begin(), npcformat::kJaMark.end(), bytes.begin());
+        NpcFile file = NpcFile::fromBytes(bytes, "s.npc");
+        for (int position : c.filled)
+            file.setRecord(static_cast<std::size_t>(position - 1), kNeutralRecord);
+        EXPECT_EQ(file.firstNonEmptyPosition(), c.first) << c.filled.size();
+        EXPECT_EQ(file.lastNonEmptyPosition(), c.last) << c.filled.size();
+    }
+}
+
+TEST(NpcFileTexts, SummaryAndRefusalsAreTheSharedWords) {
+    NpcFile file = NpcFile::fromBytes(
+        npcformat::convertLayout(npcformat::FileBytes{}, NpcFileType::Ja).value(), "j.npc");
+    file.setRecord(4, kNeutralRecord);
+    EXPECT_EQ(file.summary(), "Тип файла:\nАгония Власти\nЗаписей: 1");
+    EXPECT_EQ(file.positionRefusal("\"50\""), "Записи \"50\" в файле нет: записи с 1 по 49.");
+    EXPECT_EQ(file.recordAt(50), nullptr);
+    EXPECT_EQ(file.recordAt(5), &file.record(4));
+    EXPECT_EQ(npcformat::sizeRefusal("/a/b.npc", 1599),
+              "Размер файла /a/b.npc\nменьше чем 1600 байт");
+    EXPECT_EQ(npcformat::sizeRefusal("b.npc", 1601), "Размер файла b.npc\nбольше чем 1600 байт");
+}
+
+// Replays a history against a document the way the session does and checks the
+// records after every step.
+TEST(EditHistory, UndoAndRedoWalkTheSnapshotsAndANewEditDropsTheRedoTail) {
+    NpcFile file = NpcFile::makeNew();
+    EditHistory history;
+    const auto edit = [&](std::size_t index, const NpcRecord& record) {
+        history.push({index, file.record(index), record});
+        file.setRecord(index, record);
+    };
+    const auto undo = [&] {
+        auto e = history.undo();
+        if (e)
+            file.setRecord(e->index, e->before);
+        return e.has_value();
+    };
+    const auto redo = [&] {
+        auto e = history.redo();
+        if (e)
+            file.setRecord(e->index, e->after);
+        return e.has_value();
+    };
+    NpcRecord marked = kNeutralRecord;
+    marked[13] = 7;
+
+    edit(0, kNeutralRecord);
+    edit(0, kNeutralRecord); // changes nothing: not a step
+    edit(3, marked);
+    edit(0, kEmptyRecord);
+    EXPECT_EQ(history.undoSteps(), 3u);
+    EXPECT_EQ(file.record(0), kEmptyRecord);
+    EXPECT_TRUE(file.isChanged()) << "record 4 is still marked";
+
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(file.record(0), kNeutralRecord);
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(file.record(3), kEmptyRecord);
+    ASSERT_TRUE(undo());
+    EXPECT_FALSE(file.isChanged()) << "undoing back to the loaded bytes";
+    EXPECT_FALSE(undo());
+    EXPECT_EQ(history.redoSteps(), 3u);
+
+    ASSERT_TRUE(redo());
+    ASSERT_TRUE(redo());
+    EXPECT_EQ(file.record(3), marked);
+    edit(5, marked); // a new edit: the third step can no longer be redone
+    EXPECT_FALSE(history.canRedo());
+    EXPECT_FALSE(redo());
+    EXPECT_EQ(file.record(0), kNeutralRecord);
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(file.record(5), kEmptyRecord);
+
+    history.clear();
+    EXPECT_FALSE(history.canUndo());
+    EXPECT_FALSE(history.canRedo());
 }
 
 } // namespace

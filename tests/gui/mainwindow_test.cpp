@@ -1,3 +1,4 @@
+#include "explain/fieldlayout.h"
 #include "gui/scriptedprompts.h"
 #include "gui/testclasses.h"
 #include "mainwindow/bytegrid.h"

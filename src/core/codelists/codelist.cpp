@@ -2,6 +2,7 @@
 
 #include "codelists/embedded.h"
 #include "codelists/resources.h"
+#include "text/lines.h"
 
 #include <array>
 #include <charconv>
@@ -25,10 +26,7 @@ using Table = std::map<std::uint32_t, std::string>;
 // "code=text" lines of a data file.
 Table parseTable(std::string_view data) {
     Table table;
-    while (!data.empty()) {
-        const auto nl = data.find('\n');
-        const std::string_view line = data.substr(0, nl);
-        data = nl == std::string_view::npos ? std::string_view() : data.substr(nl + 1);
+    for (std::string_view line : text::splitLines(data)) {
         const auto eq = line.find('=');
         if (eq == std::string_view::npos)
             continue;
@@ -67,31 +65,6 @@ std::optional<ListKey> parseListKey(std::string_view text) {
         if (list.keyText == text)
             return list.key;
     return std::nullopt;
-}
-
-std::optional<ListKey> listForField(int fieldIndex) {
-    switch (fieldIndex) {
-    case 2:
-    case 22:
-        return ListKey::I;
-    case 4:
-    case 6:
-    case 20:
-        return ListKey::T;
-    case 8:
-    case 15:
-        return ListKey::Qi;
-    case 11:
-        return ListKey::A;
-    case 16:
-        return ListKey::Qo;
-    case 17:
-        return ListKey::N;
-    case 26:
-        return ListKey::R;
-    default:
-        return std::nullopt;
-    }
 }
 
 std::vector<std::uint32_t> builtInCodes(ListKey key) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "codelists/listkey.h"
+
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -9,8 +11,6 @@
 
 // The seven numbered vocabularies of the game and their built-in tables.
 namespace parlex {
-
-enum class ListKey { N, T, I, Qi, Qo, A, R };
 
 struct CodeList {
     ListKey key;
@@ -26,9 +26,6 @@ struct CodeList {
 std::span<const CodeList> codeLists();
 const CodeList& codeList(ListKey key);
 std::optional<ListKey> parseListKey(std::string_view text);
-
-// The list that names the value of a field, if the field has one.
-std::optional<ListKey> listForField(int fieldIndex);
 
 // The codes of the built-in table in list order: 0..lastCode, or the codes of the
 // resource string for actions and reactions.

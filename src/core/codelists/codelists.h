@@ -1,6 +1,7 @@
 #pragma once
 
 #include "codelists/codelist.h"
+#include "platform/files.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -46,16 +47,18 @@ public:
     std::filesystem::path overridePath(ListKey key) const;
 
 private:
-    struct Parsed {
-        std::uintmax_t size = 0;
-        std::int64_t mtimeNs = 0;
-        std::uint64_t inode = 0;
-        std::unordered_map<std::uint32_t, std::string> texts; // first line of each code
+    // A list file as read: its status when read, its lines (Windows-1251, without
+    // empty and ";" lines) and, for lookups, the first text of each code.
+    struct ListFile {
+        platform::FileStatus status;
+        std::vector<std::string> lines;
+        std::unordered_map<std::uint32_t, std::string> texts;
     };
-    const Parsed* overrideFile(ListKey key) const;
+    // The one reader of list files: nothing when the list has no file.
+    const ListFile* overrideFile(ListKey key) const;
 
     std::filesystem::path folder_;
-    mutable std::map<ListKey, Parsed> cache_;
+    mutable std::map<ListKey, ListFile> cache_;
 };
 
 // The row of a code as the list window shows it.

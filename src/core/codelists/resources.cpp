@@ -1,6 +1,7 @@
 #include "codelists/resources.h"
 
 #include "codelists/embedded.h"
+#include "text/lines.h"
 
 #include <charconv>
 #include <map>
@@ -9,22 +10,10 @@
 namespace parlex {
 namespace {
 
-std::vector<std::string_view> lines(std::string_view data) {
-    std::vector<std::string_view> out;
-    while (!data.empty()) {
-        const auto nl = data.find('\n');
-        out.push_back(data.substr(0, nl));
-        if (nl == std::string_view::npos)
-            break;
-        data = data.substr(nl + 1);
-    }
-    return out;
-}
-
 const std::map<int, std::string>& strings() {
     static const std::map<int, std::string> table = [] {
         std::map<int, std::string> t;
-        for (auto line : lines(embedded::file("strings.txt"))) {
+        for (auto line : text::splitLines(embedded::file("strings.txt"))) {
             const auto eq = line.find('=');
             int number = 0;
             std::from_chars(line.data(), line.data() + eq, number);
@@ -44,7 +33,7 @@ const std::map<int, std::string>& helpTexts() {
         std::map<int, std::string> t;
         int current = -1;
         int lineNo = 0;
-        for (auto line : lines(embedded::file("help.txt"))) {
+        for (auto line : text::splitLines(embedded::file("help.txt"))) {
             if (line.starts_with('[')) {
                 std::from_chars(line.data() + 1, line.data() + line.size() - 1, current);
                 lineNo = 0;

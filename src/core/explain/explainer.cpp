@@ -2,14 +2,15 @@
 
 #include "codelists/codelists.h"
 #include "explain/fieldlayout.h"
+#include "speech/edtkind.h"
 
 namespace parlex {
 namespace {
 
-constexpr std::uint32_t kNoWord = 65535;
-constexpr std::uint32_t kNoByte = 255;
-constexpr std::uint32_t kLastPhrase = 142; // phrases of a speech file: 0-142
-constexpr std::uint32_t kPhraseSlots = 143;
+constexpr std::uint32_t kNoWord = kMaxWordValue;
+constexpr std::uint32_t kNoByte = kMaxByteValue;
+constexpr std::uint32_t kLastPhrase = kNpcLastPhrase; // phrases of a speech file: 0-142
+constexpr std::uint32_t kPhraseSlots = kLastPhrase + 1;
 constexpr std::uint32_t kTriggers = 500;
 constexpr std::uint32_t kFirstCondition = 351; // items end at 350; larger Words are conditions
 constexpr std::uint32_t kCharacters = 170;
@@ -270,7 +271,7 @@ std::string phraseWord(std::uint32_t count) {
 }
 
 Explanation explain(const NpcRecord* record, int fieldIndex, const ExplainContext& context) {
-    if (fieldIndex == kNoRecordField || record == nullptr)
+    if (record == nullptr)
         return red("Запись не существует");
     if (isEmptyRecord(*record))
         return red("Запись пустая");

@@ -10,9 +10,6 @@ namespace parlex {
 
 class CodeLists;
 
-// The field index the window passes for a position that holds no record.
-inline constexpr int kNoRecordField = 100;
-
 struct ExplainContext {
     // The layout of the open script; nothing when it is neither (no jump limit applies).
     std::optional<NpcFileType> fileType;
@@ -31,8 +28,8 @@ struct Explanation {
 };
 
 // One sentence about a field of a record, judged against its neighbours. `record`
-// is null for a position without a record. `fieldIndex` is a field's first byte index
-// (as fieldStart gives it) or kNoRecordField.
+// is null for a position without a record ("Запись не существует"). `fieldIndex` is
+// a field's first byte index, as fieldStart gives it.
 Explanation explain(const NpcRecord* record, int fieldIndex, const ExplainContext& context);
 
 // The noun after a number of phrases, blanks on both sides: " фразу ", " фразы ", " фраз ".

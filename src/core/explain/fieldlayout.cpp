@@ -1,38 +1,25 @@
 #include "explain/fieldlayout.h"
 
+#include "text/hex.h"
 #include "text/numbers.h"
 
-#include <array>
+#include <algorithm>
 
 namespace parlex {
 namespace {
 
-constexpr std::uint32_t kNoWord = 0xFFFF;
-constexpr std::uint32_t kNoByte = 0xFF;
-
-constexpr std::array<FieldInfo, 21> kFields{{
-    {0, FieldWidth::Word, "FireMode", std::nullopt, 0x0000, ""},
-    {2, FieldWidth::Word, "NeededItem", 0, 0x0000, "I"},
-    {4, FieldWidth::Word, "TriggerTrue", kNoWord, 0xFFFF, "T"},
-    {6, FieldWidth::Word, "TriggerFalse", kNoWord, 0xFFFF, "T"},
-    {8, FieldWidth::Byte, "QuestHeld", kNoByte, 0xFF, "Qi"},
-    {9, FieldWidth::Byte, "FirstDay", kNoByte, 0x00, ""},
-    {10, FieldWidth::Byte, "LastDay", kNoByte, 0xFF, ""},
-    {11, FieldWidth::Byte, "ActionCode", std::nullopt, 0x00, "A"},
-    {12, FieldWidth::Byte, "Leadership", 0, 0x00, ""},
-    {13, FieldWidth::Byte, "PhraseFirst", kNoByte, 0xFF, ""},
-    {14, FieldWidth::Byte, "PhraseCount", 1, 0x01, ""},
-    {15, FieldWidth::Byte, "QuestGiven", kNoByte, 0xFF, "Qi"},
-    {16, FieldWidth::Byte, "QuestClosed", kNoByte, 0xFF, "Qo"},
-    {17, FieldWidth::Byte, "JumpNpc", kNoByte, 0xFF, "N"},
-    {18, FieldWidth::Byte, "JumpRecord", kNoByte, 0xFF, ""},
-    {19, FieldWidth::Byte, "Spare20", std::nullopt, 0x00, ""},
-    {20, FieldWidth::Word, "TriggerSet", kNoWord, 0xFFFF, "T"},
-    {22, FieldWidth::Word, "GivenItem", 0, 0x0000, "I"},
-    {24, FieldWidth::Word, "MoveTo", kNoWord, 0xFFFF, ""},
-    {26, FieldWidth::Word, "ReactionCode", std::nullopt, 0x0000, "R"},
-    {28, FieldWidth::Bytes, "Spare29", std::nullopt, 0x00, ""},
-}};
+constexpr auto kEditable = [] {
+    std::array<EditableField, 24> rows{};
+    std::size_t n = 0;
+    for (const FieldInfo& f : kFields) {
+        if (f.width == FieldWidth::Bytes)
+            for (int i = 0; i < f.size(); ++i)
+                rows[n++] = {f.index + i, FieldWidth::Byte};
+        else
+            rows[n++] = {f.index, f.width};
+    }
+    return rows;
+}();
 
 } // namespace
 
@@ -40,54 +27,104 @@ std::span<const FieldInfo> fieldTable() {
     return kFields;
 }
 
+const FieldInfo& fieldAt(int byteIndex) {
+    const int byte = std::clamp(byteIndex, 0, static_cast<int>(kRecordSize) - 1);
+    for (const FieldInfo& f : kFields)
+        if (f.contains(byte))
+            return f;
+    return kFields.back(); // not reached: the table covers every byte
+}
+
+const FieldInfo* fieldStartingAt(int fieldIndex) {
+    for (const FieldInfo& f : kFields)
+        if (f.index == fieldIndex)
+            return &f;
+    return nullptr;
+}
+
 FieldStart fieldStart(int byteIndex) {
-    if (byteIndex >= 8 && byteIndex <= 19)
-        return {byteIndex, " (" + std::to_string(byteIndex + 1) + " as Byte)"};
-    if (byteIndex >= 28)
-        return {28, " (29-32 as Bytes)"};
-    const int first = byteIndex - byteIndex % 2;
-    return {first, " (" + text::zeroPadded(first + 1, 2) + "-" + text::zeroPadded(first + 2, 2) +
-                       " as Word)"};
+    const FieldInfo& f = fieldAt(byteIndex);
+    switch (f.width) {
+    case FieldWidth::Byte:
+        return {f.index, " (" + std::to_string(f.index + 1) + " as Byte)"};
+    case FieldWidth::Word:
+        return {f.index, " (" + text::zeroPadded(f.index + 1, 2) + "-" +
+                             text::zeroPadded(f.index + 2, 2) + " as Word)"};
+    case FieldWidth::Bytes:
+        break;
+    }
+    return {f.index, " (" + text::zeroPadded(f.index + 1, 2) + "-" +
+                         text::zeroPadded(f.index + f.size(), 2) + " as Bytes)"};
 }
 
 std::uint32_t fieldValue(const NpcRecord& record, int fieldIndex) {
-    if (fieldIndex == 28)
-        return (record[28] | record[29] | record[30] | record[31]) != 0 ? 1 : 0;
-    if (fieldIndex < 8 || fieldIndex > 19)
-        return record[fieldIndex] + 256u * record[fieldIndex + 1];
-    return record[fieldIndex];
+    const FieldInfo& f = fieldAt(fieldIndex);
+    const auto at = [&](int i) { return static_cast<std::uint32_t>(record[f.index + i]); };
+    switch (f.width) {
+    case FieldWidth::Byte:
+        return at(0);
+    case FieldWidth::Word:
+        return at(0) + 256u * at(1);
+    case FieldWidth::Bytes:
+        break;
+    }
+    for (int i = 0; i < f.size(); ++i)
+        if (at(i) != 0)
+            return 1;
+    return 0;
+}
+
+std::string fieldHex(const NpcRecord& record, int fieldIndex) {
+    const FieldInfo& f = fieldAt(fieldIndex);
+    return text::hexBytes(std::span(record).subspan(static_cast<std::size_t>(f.index),
+                                                    static_cast<std::size_t>(f.size())));
+}
+
+std::optional<ListKey> listForField(int fieldIndex) {
+    const FieldInfo* f = fieldStartingAt(fieldIndex);
+    return f ? f->list : std::nullopt;
+}
+
+std::span<const EditableField> editableFields() {
+    return kEditable;
 }
 
 std::optional<FieldWidth> editableFieldWidth(int fieldIndex) {
-    switch (fieldIndex) {
-    case 0:
-    case 2:
-    case 4:
-    case 6:
-    case 20:
-    case 22:
-    case 24:
-    case 26:
-        return FieldWidth::Word;
-    case 28:
-    case 29:
-    case 30:
-    case 31:
-        return FieldWidth::Byte;
-    default:
-        if (fieldIndex >= 8 && fieldIndex <= 19)
-            return FieldWidth::Byte;
-        return std::nullopt;
+    for (const EditableField& e : kEditable)
+        if (e.index == fieldIndex)
+            return e.width;
+    return std::nullopt;
+}
+
+std::string fieldRefusal(std::string_view given) {
+    std::string places;
+    int runStart = -1;
+    // Lists the editable places, running single bytes together: "8-19".
+    for (std::size_t i = 0; i < kEditable.size(); ++i) {
+        const EditableField& e = kEditable[i];
+        const bool single = e.width == FieldWidth::Byte;
+        const bool nextFollows = single && i + 1 < kEditable.size() &&
+                                 kEditable[i + 1].width == FieldWidth::Byte &&
+                                 kEditable[i + 1].index == e.index + 1;
+        if (runStart < 0)
+            runStart = e.index;
+        if (nextFollows)
+            continue;
+        if (!places.empty())
+            places += ", ";
+        places += std::to_string(runStart);
+        if (runStart != e.index)
+            places += "-" + std::to_string(e.index);
+        runStart = -1;
     }
+    return "Поле " + std::string(given) + " нельзя изменить: допустимы поля " + places + ".";
 }
 
 Result<void> setFieldValue(NpcRecord& record, int fieldIndex, std::uint32_t value) {
     const auto width = editableFieldWidth(fieldIndex);
     if (!width)
-        return fail(ErrorKind::Invalid, "Поле " + std::to_string(fieldIndex) +
-                                            " нельзя изменить: допустимы поля 0, 2, 4, 6, "
-                                            "8-19, 20, 22, 24, 26, 28-31.");
-    const std::uint32_t limit = *width == FieldWidth::Word ? 65535 : 255;
+        return fail(ErrorKind::Invalid, fieldRefusal(std::to_string(fieldIndex)));
+    const std::uint32_t limit = *width == FieldWidth::Word ? kMaxWordValue : kMaxByteValue;
     if (value > limit)
         return fail(ErrorKind::Invalid, "Значение " + std::to_string(value) +
                                             " не помещается в поле: допустимо от 0 до " +

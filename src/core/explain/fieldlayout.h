@@ -1,15 +1,19 @@
 #pragma once
 
+#include "codelists/listkey.h"
 #include "common/error.h"
 #include "npc/npcrecord.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
-// What each byte of a record means: the field table and the reading of values.
+// What each byte of a record means. The table below is the one statement of the
+// record layout: field starts, widths, labels, values, code lists, the rows of the
+// byte editor and the neutral record are all derived from it.
 namespace parlex {
 
 enum class FieldWidth {
@@ -18,33 +22,98 @@ enum class FieldWidth {
     Bytes, // bytes 29-32 taken together
 };
 
+constexpr int byteCount(FieldWidth width) {
+    return width == FieldWidth::Word ? 2 : width == FieldWidth::Byte ? 1 : 4;
+}
+
 struct FieldInfo {
     int index; // index of the field's first byte
     FieldWidth width;
     std::string_view name;
-    std::optional<std::uint32_t> absent; // the value that switches the field off
-    std::uint32_t neutral;               // what a standard deletion writes
-    std::string_view listKey;            // the code list that names the value, or empty
+    std::uint32_t neutral;       // what a standard deletion writes
+    std::optional<ListKey> list; // the code list that names the value
+
+    constexpr int size() const { return byteCount(width); }
+    constexpr bool contains(int byteIndex) const {
+        return byteIndex >= index && byteIndex < index + size();
+    }
 };
 
-// The 21 fields in file order.
+// The 21 fields in file order, without gaps.
+inline constexpr std::array<FieldInfo, 21> kFields{{
+    {0, FieldWidth::Word, "FireMode", 0x0000, std::nullopt},
+    {2, FieldWidth::Word, "NeededItem", 0x0000, ListKey::I},
+    {4, FieldWidth::Word, "TriggerTrue", 0xFFFF, ListKey::T},
+    {6, FieldWidth::Word, "TriggerFalse", 0xFFFF, ListKey::T},
+    {8, FieldWidth::Byte, "QuestHeld", 0xFF, ListKey::Qi},
+    {9, FieldWidth::Byte, "FirstDay", 0x00, std::nullopt},
+    {10, FieldWidth::Byte, "LastDay", 0xFF, std::nullopt},
+    {11, FieldWidth::Byte, "ActionCode", 0x00, ListKey::A},
+    {12, FieldWidth::Byte, "Leadership", 0x00, std::nullopt},
+    {13, FieldWidth::Byte, "PhraseFirst", 0xFF, std::nullopt},
+    {14, FieldWidth::Byte, "PhraseCount", 0x01, std::nullopt},
+    {15, FieldWidth::Byte, "QuestGiven", 0xFF, ListKey::Qi},
+    {16, FieldWidth::Byte, "QuestClosed", 0xFF, ListKey::Qo},
+    {17, FieldWidth::Byte, "JumpNpc", 0xFF, ListKey::N},
+    {18, FieldWidth::Byte, "JumpRecord", 0xFF, std::nullopt},
+    {19, FieldWidth::Byte, "Spare20", 0x00, std::nullopt},
+    {20, FieldWidth::Word, "TriggerSet", 0xFFFF, ListKey::T},
+    {22, FieldWidth::Word, "GivenItem", 0x0000, ListKey::I},
+    {24, FieldWidth::Word, "MoveTo", 0xFFFF, std::nullopt},
+    {26, FieldWidth::Word, "ReactionCode", 0x0000, ListKey::R},
+    {28, FieldWidth::Bytes, "Spare29", 0x00000000, std::nullopt},
+}};
+
+// What a standard deletion writes: every field at its neutral value.
+inline constexpr NpcRecord kNeutralRecord = [] {
+    NpcRecord record{};
+    for (const FieldInfo& f : kFields)
+        for (int i = 0; i < f.size(); ++i)
+            record[static_cast<std::size_t>(f.index + i)] =
+                static_cast<std::uint8_t>((f.neutral >> (8 * i)) & 0xFF);
+    return record;
+}();
+
 std::span<const FieldInfo> fieldTable();
+
+// The field that byte `byteIndex` (0-31) belongs to.
+const FieldInfo& fieldAt(int byteIndex);
+
+// The field that starts at `fieldIndex`, or nothing where no field starts.
+const FieldInfo* fieldStartingAt(int fieldIndex);
 
 struct FieldStart {
     int fieldIndex;
     std::string label; // " (01-02 as Word)", " (9 as Byte)", " (29-32 as Bytes)"
 };
 
-// Maps a byte index 0-31 to the field it belongs to.
+// Maps a byte index 0-31 to the field it belongs to and the field's label.
 FieldStart fieldStart(int byteIndex);
 
 // The value of a field: Words low byte first; bytes 29-32 give 1 if any is non-zero.
 std::uint32_t fieldValue(const NpcRecord& record, int fieldIndex);
 
-// The fields that can be typed in: the Words, bytes 9-20 and bytes 29-32 one by one.
+// The bytes of the field that starts at `fieldIndex` as hex pairs: "0C 01".
+std::string fieldHex(const NpcRecord& record, int fieldIndex);
+
+// The list that names the value of a field, if the field has one.
+std::optional<ListKey> listForField(int fieldIndex);
+
+// A place where a number can be typed in: each field, except that bytes 29-32 are
+// offered one by one. The byte editor's field chooser has exactly these 24 rows.
+struct EditableField {
+    int index;
+    FieldWidth width; // Byte or Word
+};
+std::span<const EditableField> editableFields();
 std::optional<FieldWidth> editableFieldWidth(int fieldIndex);
 
-// Writes a decimal value into an editable field, refusing values that do not fit.
+// Writes a decimal value into an editable field, refusing values that do not fit;
+// a refused value leaves the record as it was.
 Result<void> setFieldValue(NpcRecord& record, int fieldIndex, std::uint32_t value);
+
+// "Поле <given> нельзя изменить: допустимы поля ...": the refusal of a place that
+// takes no number, as the user named it.
+std::string fieldRefusal(std::string_view given);
 
 } // namespace parlex

@@ -19,7 +19,7 @@ NpcFile NpcFile::fromBytes(const npcformat::FileBytes& bytes, std::filesystem::p
     file.records_.resize(parlex::recordCount(file.type_));
     for (std::size_t i = 0; i < file.records_.size(); ++i) {
         const auto offset = npcformat::recordOffset(file.type_, i);
-        std::copy_n(bytes.begin() + offset, 32, file.records_[i].begin());
+        std::copy_n(bytes.begin() + offset, kRecordSize, file.records_[i].begin());
     }
     file.baseline_ = file.records_;
     file.path_ = std::move(path);
@@ -38,6 +38,31 @@ bool NpcFile::hasRecordAt(int position) const {
     return position >= 1 && static_cast<std::size_t>(position) <= records_.size();
 }
 
+const NpcRecord* NpcFile::recordAt(int position) const {
+    return hasRecordAt(position) ? &records_[static_cast<std::size_t>(position - 1)] : nullptr;
+}
+
+std::optional<int> NpcFile::firstNonEmptyPosition() const {
+    const auto it = std::find_if(records_.begin(), records_.end(),
+                                 [](const NpcRecord& r) { return !isEmptyRecord(r); });
+    if (it == records_.end())
+        return std::nullopt;
+    return static_cast<int>(it - records_.begin()) + 1;
+}
+
+std::optional<int> NpcFile::lastNonEmptyPosition() const {
+    const auto it = std::find_if(records_.rbegin(), records_.rend(),
+                                 [](const NpcRecord& r) { return !isEmptyRecord(r); });
+    if (it == records_.rend())
+        return std::nullopt;
+    return static_cast<int>(records_.rend() - it);
+}
+
+std::string NpcFile::positionRefusal(std::string_view given) const {
+    return "Записи " + std::string(given) + " в файле нет: записи с 1 по " +
+           std::to_string(records_.size()) + ".";
+}
+
 std::size_t NpcFile::nonEmptyCount() const {
     return static_cast<std::size_t>(std::count_if(
         records_.begin(), records_.end(), [](const NpcRecord& r) { return !isEmptyRecord(r); }));
@@ -45,8 +70,7 @@ std::size_t NpcFile::nonEmptyCount() const {
 
 npcformat::FileBytes NpcFile::toBytes() const {
     npcformat::FileBytes bytes{};
-    const NpcFileType layout =
-        records_.size() == parlex::recordCount(NpcFileType::Ub) ? NpcFileType::Ub : NpcFileType::Ja;
+    const NpcFileType layout = records_.size() == kUbRecords ? NpcFileType::Ub : NpcFileType::Ja;
     if (layout == NpcFileType::Ja)
         std::copy(npcformat::kJaMark.begin(), npcformat::kJaMark.end(), bytes.begin());
     for (std::size_t i = 0; i < records_.size(); ++i)
@@ -55,16 +79,28 @@ npcformat::FileBytes NpcFile::toBytes() const {
     return bytes;
 }
 
-bool NpcFile::needsSaveAs() const {
-    return isNew_ || path_.empty() || !platform::fileExists(path_);
+NpcFile::SaveRoute NpcFile::saveRoute() const {
+    if (isNew_ || path_.empty())
+        return SaveRoute::AskForName;
+    if (platform::driveKind(path_) == platform::DriveKind::ReadOnly)
+        return SaveRoute::ReadOnlyDrive;
+    if (!platform::fileExists(path_))
+        return SaveRoute::AskForName;
+    return SaveRoute::InPlace;
 }
 
 Result<void> NpcFile::save() {
+    switch (saveRoute()) {
+    case SaveRoute::InPlace:
+        return saveAs(path_);
+    case SaveRoute::ReadOnlyDrive:
+        return std::unexpected(platform::readOnlyDriveError(path_, true));
+    case SaveRoute::AskForName:
+        break;
+    }
     if (isNew_ || path_.empty())
         return fail(ErrorKind::NotFound, "Файл ещё не сохранён: укажите имя файла.");
-    if (!platform::fileExists(path_))
-        return fail(ErrorKind::NotFound, "Файл " + path_.string() + " не найден.");
-    return saveAs(path_);
+    return fail(ErrorKind::NotFound, "Файл " + path_.string() + " не найден.");
 }
 
 Result<void> NpcFile::saveAs(const std::filesystem::path& path) {

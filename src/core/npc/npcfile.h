@@ -32,12 +32,15 @@ public:
 
     // Position 1-50 as the slider counts; a "ja" script has no record at 50.
     bool hasRecordAt(int position) const;
+    // The record at a position, or null where the position has none.
+    const NpcRecord* recordAt(int position) const;
     const NpcRecord& record(std::size_t index) const { return records_.at(index); }
+    // The only way a record changes. The number of records never does.
     void setRecord(std::size_t index, const NpcRecord& record) { records_.at(index) = record; }
 
-    // Whole-record commands. None of them adds or removes a record.
-    void wipe(std::size_t index) { setRecord(index, kEmptyRecord); }
-    void resetToNeutral(std::size_t index) { setRecord(index, kNeutralRecord); }
+    // Positions (1-50) of the first and the last record that is not empty.
+    std::optional<int> firstNonEmptyPosition() const;
+    std::optional<int> lastNonEmptyPosition() const;
 
     // Changed exactly when the records differ from those of the last load; the tail
     // of a "ja" file is not part of the test.
@@ -47,14 +50,23 @@ public:
     const std::filesystem::path& path() const { return path_; }
     std::string title() const { return path_.filename().string(); }
 
+    // "Записи <given> в файле нет: записи с 1 по <count>.": a position outside the file.
+    std::string positionRefusal(std::string_view given) const;
+
     std::size_t nonEmptyCount() const;
+    std::string summary() const { return layoutSummary(type_, nonEmptyCount()); }
 
     // The 1600 bytes a save writes. The layout follows the number of records: 49
     // records get the "ja" mark in front and a zero tail behind.
     npcformat::FileBytes toBytes() const;
 
-    // True when a save has to ask for a name: a new document, or one whose file is gone.
-    bool needsSaveAs() const;
+    // How a save of this document has to go.
+    enum class SaveRoute {
+        InPlace,       // its own file
+        AskForName,    // a new document, or one whose file is gone
+        ReadOnlyDrive, // its file lies on a read-only drive: say so, then ask for a name
+    };
+    SaveRoute saveRoute() const;
 
     // Writes the document to its own file, then reads it back from disk.
     Result<void> save();
@@ -76,13 +88,9 @@ private:
 // carry a record from one script into another.
 class RecordBuffer {
 public:
-    void copyFrom(const NpcFile& file, std::size_t index) { record_ = file.record(index); }
+    void copy(const NpcRecord& record) { record_ = record; }
     bool isFilled() const { return record_.has_value(); }
-    // Pastes over record `index`; does nothing while the buffer is empty.
-    void pasteInto(NpcFile& file, std::size_t index) const {
-        if (record_)
-            file.setRecord(index, *record_);
-    }
+    const std::optional<NpcRecord>& record() const { return record_; }
     void clear() { record_.reset(); }
 
 private:

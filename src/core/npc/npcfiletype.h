@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace parlex {
@@ -10,6 +11,11 @@ enum class NpcFileType {
     Ub, // English releases and Unfinished Business: 50 records from offset 0
     Ja, // the Russian release "Агония Власти": a 4-byte mark, 49 records, a 28-byte tail
 };
+
+inline constexpr std::size_t kUbRecords = 50;
+inline constexpr std::size_t kJaRecords = 49;
+// The positions the record slider offers, in either layout: 1 to kPositions.
+inline constexpr int kPositions = 50;
 
 constexpr std::string_view typeTag(NpcFileType t) {
     return t == NpcFileType::Ub ? "ub" : "ja";
@@ -21,11 +27,18 @@ constexpr std::string_view typeText(NpcFileType t) {
 }
 
 constexpr std::size_t recordCount(NpcFileType t) {
-    return t == NpcFileType::Ub ? 50 : 49;
+    return t == NpcFileType::Ub ? kUbRecords : kJaRecords;
 }
 
 constexpr NpcFileType otherType(NpcFileType t) {
     return t == NpcFileType::Ub ? NpcFileType::Ja : NpcFileType::Ub;
+}
+
+// "Тип файла:\n<layout>\nЗаписей: <n>": what the window's "Текущий" box and
+// `parlex-cli info` say about a script.
+inline std::string layoutSummary(NpcFileType t, std::size_t nonEmptyRecords) {
+    return "Тип файла:\n" + std::string(typeText(t)) +
+           "\nЗаписей: " + std::to_string(nonEmptyRecords);
 }
 
 } // namespace parlex

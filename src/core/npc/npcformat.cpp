@@ -12,32 +12,39 @@ NpcFileType detectType(std::span<const std::uint8_t> bytes) {
     return NpcFileType::Ub;
 }
 
+std::string sizeRefusal(std::string_view pathText, std::uintmax_t size) {
+    return "Размер файла " + std::string(pathText) + "\n" +
+           (size < kFileSize ? "меньше" : "больше") + " чем " + std::to_string(kFileSize) + " байт";
+}
+
 Result<FileBytes> readScript(const std::filesystem::path& path) {
     auto size = platform::fileSize(path);
     if (!size)
         return std::unexpected(size.error());
     if (*size != kFileSize)
         return fail(*size < kFileSize ? ErrorKind::TooSmall : ErrorKind::TooLarge,
-                    "Размер файла " + path.string() + "\n" +
-                        (*size < kFileSize ? "меньше" : "больше") + " чем 1600 байт");
+                    sizeRefusal(path.string(), *size));
     auto data = platform::readFile(path);
     if (!data)
         return std::unexpected(data.error());
     if (data->size() != kFileSize) // the file changed between the two looks
-        return fail(ErrorKind::Read, "Размер файла " + path.string() + "\n" +
-                                         (data->size() < kFileSize ? "меньше" : "больше") +
-                                         " чем 1600 байт");
+        return fail(ErrorKind::Read, sizeRefusal(path.string(), data->size()));
     FileBytes bytes;
     std::copy(data->begin(), data->end(), bytes.begin());
     return bytes;
 }
 
-Result<FileBytes> convertLayout(const FileBytes& source, NpcFileType target) {
-    const NpcFileType sourceType = detectType(source);
-    if (sourceType == target)
+Result<void> checkConversion(NpcFileType from, NpcFileType to) {
+    if (from == to)
         return fail(ErrorKind::Invalid, std::string("Файл уже имеет тип \"") +
-                                            std::string(typeText(target)) +
+                                            std::string(typeText(to)) +
                                             "\".\nПреобразовывать нечего: выберите другой тип.");
+    return {};
+}
+
+Result<FileBytes> convertLayout(const FileBytes& source, NpcFileType target) {
+    if (auto allowed = checkConversion(detectType(source), target); !allowed)
+        return std::unexpected(allowed.error());
     FileBytes out{};
     if (target == NpcFileType::Ub) {
         std::copy(source.begin() + kJaHeaderSize, source.end(), out.begin());

@@ -2,11 +2,14 @@
 
 #include "common/error.h"
 #include "npc/npcfiletype.h"
+#include "npc/npcrecord.h"
 
 #include <array>
 #include <cstdint>
 #include <filesystem>
 #include <span>
+#include <string>
+#include <string_view>
 
 // The 1600-byte script file on disk and the rewriting of one layout into the other.
 namespace parlex::npcformat {
@@ -22,16 +25,23 @@ NpcFileType detectType(std::span<const std::uint8_t> bytes);
 
 // Offset of record `index` (from 0) in a file of that layout.
 constexpr std::size_t recordOffset(NpcFileType type, std::size_t index) {
-    return (type == NpcFileType::Ja ? kJaHeaderSize : 0) + index * 32;
+    return (type == NpcFileType::Ja ? kJaHeaderSize : 0) + index * kRecordSize;
 }
+
+// "Размер файла <path>\nменьше чем 1600 байт" (or "больше"): the refusal of a
+// file of any other size.
+std::string sizeRefusal(std::string_view pathText, std::uintmax_t size);
 
 // Reads a script file, refusing any other size with the size message.
 Result<FileBytes> readScript(const std::filesystem::path& path);
 
 // The bytes of `source` rewritten into the `target` layout. Records 1-49 keep their
 // place; "ub" record 50 goes into the "ja" tail and comes back from it. Converting
-// into the layout the source already has is refused.
+// into the layout the source already has is refused (see checkConversion).
 Result<FileBytes> convertLayout(const FileBytes& source, NpcFileType target);
+
+// Refuses a conversion from a layout into itself, which has nothing to do.
+Result<void> checkConversion(NpcFileType from, NpcFileType to);
 
 // Reads `source`, converts it and writes `target` atomically (they may be one file).
 // Returns the layout of the source.

@@ -85,6 +85,16 @@ bool fileExists(const fs::path& path) {
     return fs::is_regular_file(path, ec);
 }
 
+std::optional<FileStatus> fileStatus(const fs::path& path) {
+    struct stat st {};
+    if (::stat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode))
+        return std::nullopt;
+    return FileStatus{static_cast<std::uintmax_t>(st.st_size),
+                      static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1'000'000'000 +
+                          st.st_mtim.tv_nsec,
+                      static_cast<std::uint64_t>(st.st_ino)};
+}
+
 std::string readErrorMessage(int errorNumber) {
     return errorText("чтения файла", errorNumber);
 }

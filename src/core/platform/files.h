@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -30,6 +31,18 @@ std::string driveRoot(const fs::path& path);
 Error readOnlyDriveError(const fs::path& path, bool hint);
 
 bool fileExists(const fs::path& path);
+
+// What tells one state of a file from another: its length, modification time and
+// identity on its drive. Two equal statuses mean the file was not touched.
+struct FileStatus {
+    std::uintmax_t size = 0;
+    std::int64_t modifiedNs = 0;
+    std::uint64_t id = 0;
+    bool operator==(const FileStatus&) const = default;
+};
+
+// The status of a regular file; nothing when there is none at `path`.
+std::optional<FileStatus> fileStatus(const fs::path& path);
 
 // The whole file. Failures carry the read message with the system's description.
 Result<std::vector<std::uint8_t>> readFile(const fs::path& path);

@@ -85,10 +85,6 @@ Result<void> EdtFile::setPhrase(int index, std::string_view utf8) {
     return {};
 }
 
-void EdtFile::setPhraseIndex(int index) {
-    phraseIndex_ = std::clamp(index, 0, lastPhrase());
-}
-
 std::optional<int> EdtFile::firstNonEmpty() const {
     for (std::size_t i = 0; i < phrases_.size(); ++i)
         if (!phrases_[i].empty())
@@ -141,9 +137,7 @@ Result<void> EdtFile::saveAs(const std::filesystem::path& path) {
     auto reloaded = load(path, kind_);
     if (!reloaded)
         return std::unexpected(reloaded.error());
-    const int index = phraseIndex_;
     *this = std::move(*reloaded);
-    setPhraseIndex(index);
     return {};
 }
 

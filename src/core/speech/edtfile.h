@@ -13,7 +13,8 @@
 namespace parlex {
 
 // The open speech file: its phrases (Windows-1251 characters underneath, UTF-8 at the
-// interface), the phrase on show, and the phrases as last read, for the change test.
+// interface) and the phrases as last read, for the change test. Which phrase the
+// pane shows is the session's business, not the document's.
 class EdtFile {
 public:
     // Reads a speech file of the given kind, refusing sizes the kind cannot have.
@@ -40,9 +41,6 @@ public:
     // characters are refused, and the phrase stays as it was. A phrase may be longer
     // than the kind's limit here; a save cuts it.
     Result<void> setPhrase(int index, std::string_view utf8);
-
-    int phraseIndex() const { return phraseIndex_; }
-    void setPhraseIndex(int index); // kept within 0..lastPhrase
 
     bool isChanged() const { return phrases_ != baseline_; }
     bool isNew() const { return isNew_; }
@@ -71,7 +69,6 @@ private:
     std::vector<std::string> phrases_; // Windows-1251
     std::vector<std::string> baseline_;
     std::filesystem::path path_;
-    int phraseIndex_ = 0;
     bool isNew_ = false;
 };
 

@@ -6,7 +6,7 @@ namespace parlex {
 namespace {
 
 constexpr std::array<EdtKindInfo, 3> kKinds{{
-    {EdtKind::NpcDialogues, "npc", 142, 480, 240, "(Тип: Диалоги НПЦ)",
+    {EdtKind::NpcDialogues, "npc", kNpcLastPhrase, 480, 240, "(Тип: Диалоги НПЦ)",
      "(всего может быть 143 [0-142] фразы по 480 байт)", "Диалоги НПЦ", 1},
     {EdtKind::Civilian, "civ", 14, 320, 160, "(Тип: Диалоги гражданских)", "", "Диалоги гражд-их",
      2},

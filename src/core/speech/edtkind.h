@@ -6,6 +6,9 @@
 
 namespace parlex {
 
+// The last phrase number of a file of NPC dialogues, the largest kind: 0-142.
+inline constexpr int kNpcLastPhrase = 142;
+
 // The three kinds of speech file. The kind is not stored in a file: the user says it.
 enum class EdtKind { NpcDialogues, Civilian, Remarks };
 

@@ -1,6 +1,7 @@
 #include "mainwindow/bytegrid.h"
 
 #include "explain/fieldlayout.h"
+#include "text/hex.h"
 
 #include <QGridLayout>
 #include <QMouseEvent>
@@ -37,7 +38,8 @@ ByteGrid::ByteGrid(QWidget* parent) : QFrame(parent) {
 
 void ByteGrid::showRecord(const std::optional<NpcRecord>& record) {
     for (int i = 0; i < 32; ++i)
-        labels_[i]->setText(record ? QString::fromStdString(byteHex((*record)[i])) : QString());
+        labels_[i]->setText(record ? QString::fromStdString(text::byteHex((*record)[i]))
+                                   : QString());
 }
 
 void ByteGrid::setColour(int index, const QColor& colour) {
@@ -57,9 +59,8 @@ void ByteGrid::resetColours() {
 }
 
 void ByteGrid::markField(int index, const QColor& colour) {
-    const int first = fieldStart(index).fieldIndex;
-    const int width = first == 28 ? 4 : (first < 8 || (first >= 20 && first <= 26)) ? 2 : 1;
-    for (int i = first; i < first + width; ++i)
+    const FieldInfo& field = fieldAt(index);
+    for (int i = field.index; i < field.index + field.size(); ++i)
         setColour(i, colour);
 }
 

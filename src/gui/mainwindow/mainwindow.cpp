@@ -388,7 +388,8 @@ MainWindow::Ask MainWindow::askSaveNpc() {
     }
     // A save that failed has said so; the flow that asked stops, so that the
     // changes are not thrown away with the document.
-    const SaveOutcome outcome = npc_->needsSaveAs() ? saveAs() : save();
+    const SaveOutcome outcome =
+        npc_->saveRoute() == NpcFile::SaveRoute::AskForName ? saveAs() : save();
     return outcome == SaveOutcome::Saved ? Ask::Continue : Ask::Cancel;
 }
 
@@ -605,10 +606,7 @@ void MainWindow::deleteRecord(bool standard) {
     if (!currentRecord())
         return;
     const auto index = static_cast<std::size_t>(position() - 1);
-    if (standard)
-        npc_->resetToNeutral(index);
-    else
-        npc_->wipe(index);
+    npc_->setRecord(index, standard ? kNeutralRecord : kEmptyRecord);
     grid_->showRecord(*currentRecord());
     repaintCurrentByte();
 }
@@ -616,14 +614,14 @@ void MainWindow::deleteRecord(bool standard) {
 void MainWindow::copyRecord() {
     if (!currentRecord())
         return;
-    buffer_.copyFrom(*npc_, static_cast<std::size_t>(position() - 1));
+    buffer_.copy(*currentRecord());
     action("nPaste")->setEnabled(true);
 }
 
 void MainWindow::pasteRecord() {
     if (!currentRecord() || !buffer_.isFilled())
         return;
-    buffer_.pasteInto(*npc_, static_cast<std::size_t>(position() - 1));
+    npc_->setRecord(static_cast<std::size_t>(position() - 1), *buffer_.record());
     grid_->showRecord(*currentRecord());
     repaintCurrentByte();
 }
@@ -657,7 +655,7 @@ void MainWindow::hover(int index) {
         return;
     grid_->resetColours();
     if (!grid_->hasRecord()) {
-        explainField(kNoRecordField);
+        explainField(0);
         return;
     }
     showField(index, ByteGrid::kHover);
@@ -668,7 +666,7 @@ void MainWindow::press(int index, Qt::MouseButton button) {
         return;
     if (!grid_->hasRecord()) {
         grid_->resetColours();
-        explainField(kNoRecordField);
+        explainField(0);
         return;
     }
     if (button != Qt::RightButton) {

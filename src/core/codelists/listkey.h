@@ -1,0 +1,9 @@
+#pragma once
+
+namespace parlex {
+
+// The seven numbered vocabularies of the game: characters, triggers, items, quests
+// taken, quests closed, player actions, character reactions.
+enum class ListKey { N, T, I, Qi, Qo, A, R };
+
+} // namespace parlex

@@ -1,0 +1,20 @@
+#include "text/lines.h"
+
+namespace parlex::text {
+
+std::vector<std::string_view> splitLines(std::string_view text) {
+    std::vector<std::string_view> lines;
+    while (!text.empty()) {
+        const auto nl = text.find('\n');
+        std::string_view line = text.substr(0, nl);
+        if (line.ends_with('\r'))
+            line.remove_suffix(1);
+        lines.push_back(line);
+        if (nl == std::string_view::npos)
+            break;
+        text = text.substr(nl + 1);
+    }
+    return lines;
+}
+
+} // namespace parlex::text
