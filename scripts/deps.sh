@@ -3,7 +3,8 @@
 # Does nothing when everything is already there; asks apt only for what is missing.
 set -euo pipefail
 
-packages=(make cmake g++ libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev)
+packages=(make cmake g++ libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev
+          qt6-translations-l10n)
 
 missing=()
 for p in "${packages[@]}"; do

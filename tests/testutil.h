@@ -1,10 +1,14 @@
 #pragma once
 
 // Small helpers shared by the tests: a temporary folder and whole-file I/O.
+#include "explain/fieldlayout.h"
+
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 #include <iterator>
 #include <stdexcept>
 #include <string>
@@ -68,6 +72,15 @@ inline std::vector<std::uint8_t> patternBytes(std::size_t size, unsigned seed = 
 inline std::vector<std::uint8_t> jaBytes(unsigned seed = 5) {
     auto bytes = patternBytes(1600, seed);
     bytes[0] = 0x39, bytes[1] = 0x00, bytes[2] = 0x35, bytes[3] = 0x00;
+    return bytes;
+}
+
+// A "ub" script whose records at the given positions (1-50) hold the neutral record.
+inline std::vector<std::uint8_t> script(std::initializer_list<int> filled) {
+    std::vector<std::uint8_t> bytes(1600, 0);
+    for (int position : filled)
+        std::copy(parlex::kNeutralRecord.begin(), parlex::kNeutralRecord.end(),
+                  bytes.begin() + (position - 1) * 32);
     return bytes;
 }
 

@@ -82,7 +82,10 @@ INSTANTIATE_TEST_SUITE_P(Sizes, NpcFileSize,
                          ::testing::Values(SizeCase{1599, ErrorKind::TooSmall, "меньше"},
                                            SizeCase{0, ErrorKind::TooSmall, "меньше"},
                                            SizeCase{1601, ErrorKind::TooLarge, "больше"},
-                                           SizeCase{3200, ErrorKind::TooLarge, "больше"}));
+                                           SizeCase{3200, ErrorKind::TooLarge, "больше"}),
+                         [](const auto& info) {
+                             return std::to_string(info.param.size) + "Bytes";
+                         });
 
 TEST(NpcFileLoad, MissingFileGivesReadMessageWithSystemDescription) {
     TempDir dir;

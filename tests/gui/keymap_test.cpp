@@ -1,10 +1,28 @@
-#include "gui/testclasses.h"
+// The key map as a function: which key does what, with and without a script.
 #include "mainwindow/keymap.h"
 
 #include <QTest>
 
 using parlex::gui::KeyAction;
 using parlex::gui::keyAction;
+using parlex::gui::KeySource;
+using parlex::gui::latinKey;
+
+// Qt names a letter outside Latin by its upper-case Unicode code point.
+constexpr int cyr(int codePoint) {
+    return codePoint;
+}
+
+class KeyMapTest : public QObject {
+    Q_OBJECT
+private slots:
+    void recordKeysNeedAnOpenScript();
+    void numericPadIsToldApartFromOtherKeys();
+    void f2SavesOnlyWithoutModifiers();
+    void lettersAreTakenByTheirPlaceOnTheKeyboard_data();
+    void lettersAreTakenByTheirPlaceOnTheKeyboard();
+    void keySourceByPlatform();
+};
 
 namespace {
 constexpr auto Pad = Qt::KeypadModifier;
@@ -76,3 +94,48 @@ void KeyMapTest::f2SavesOnlyWithoutModifiers() {
     QCOMPARE(keyAction(Qt::Key_F2, Ctrl, true), KeyAction::SpeechSaveAs);
     QCOMPARE(keyAction(Qt::Key_S, Alt | Shift, true), KeyAction::None);
 }
+
+void KeyMapTest::lettersAreTakenByTheirPlaceOnTheKeyboard_data() {
+    QTest::addColumn<int>("key");
+    QTest::addColumn<quint32>("scanCode");
+    QTest::addColumn<quint32>("virtualKey");
+    QTest::addColumn<int>("source");
+    QTest::addColumn<int>("latin");
+    const int x11 = int(KeySource::X11), win = int(KeySource::Windows),
+              other = int(KeySource::Other);
+    // A Russian layout: the keys of S, C, V, X, B, W type Ы, С, М, Ч, И, Ц.
+    QTest::newRow("X11 Ы is S") << cyr(0x42B) << 39u << 0u << x11 << int(Qt::Key_S);
+    QTest::newRow("X11 С is C") << cyr(0x421) << 54u << 0u << x11 << int(Qt::Key_C);
+    QTest::newRow("X11 М is V") << cyr(0x41C) << 55u << 0u << x11 << int(Qt::Key_V);
+    QTest::newRow("X11 Ч is X") << cyr(0x427) << 53u << 0u << x11 << int(Qt::Key_X);
+    QTest::newRow("X11 И is B") << cyr(0x418) << 56u << 0u << x11 << int(Qt::Key_B);
+    QTest::newRow("X11 Ц is W") << cyr(0x426) << 25u << 0u << x11 << int(Qt::Key_W);
+    QTest::newRow("X11 Й is Q") << cyr(0x419) << 24u << 0u << x11 << int(Qt::Key_Q);
+    QTest::newRow("X11 Ь is M") << cyr(0x42C) << 58u << 0u << x11 << int(Qt::Key_M);
+    QTest::newRow("X11 Ж is not a letter") << cyr(0x416) << 47u << 0u << x11 << cyr(0x416);
+    QTest::newRow("Windows Ы is S") << cyr(0x42B) << 31u << quint32('S') << win << int(Qt::Key_S);
+    QTest::newRow("Windows Ч is X") << cyr(0x427) << 45u << quint32('X') << win << int(Qt::Key_X);
+    QTest::newRow("Latin letters stay")
+        << int(Qt::Key_S) << 40u << quint32('D') << x11 << int(Qt::Key_S);
+    QTest::newRow("F2 stays") << int(Qt::Key_F2) << 68u << 0u << x11 << int(Qt::Key_F2);
+    QTest::newRow("no codes: as typed") << cyr(0x42B) << 39u << quint32('S') << other << cyr(0x42B);
+}
+
+void KeyMapTest::lettersAreTakenByTheirPlaceOnTheKeyboard() {
+    QFETCH(int, key);
+    QFETCH(quint32, scanCode);
+    QFETCH(quint32, virtualKey);
+    QFETCH(int, source);
+    QFETCH(int, latin);
+    QCOMPARE(latinKey(key, scanCode, virtualKey, KeySource(source)), latin);
+}
+
+void KeyMapTest::keySourceByPlatform() {
+    QCOMPARE(parlex::gui::keySourceFor("xcb"), KeySource::X11);
+    QCOMPARE(parlex::gui::keySourceFor("wayland-egl"), KeySource::X11);
+    QCOMPARE(parlex::gui::keySourceFor("windows"), KeySource::Windows);
+    QCOMPARE(parlex::gui::keySourceFor("offscreen"), KeySource::Other);
+}
+
+QTEST_MAIN(KeyMapTest)
+#include "keymap_test.moc"

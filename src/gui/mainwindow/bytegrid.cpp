@@ -3,6 +3,7 @@
 #include "explain/fieldlayout.h"
 #include "text/hex.h"
 
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QMouseEvent>
 
@@ -16,10 +17,8 @@ ByteGrid::ByteGrid(QWidget* parent) : QFrame(parent) {
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setHorizontalSpacing(0);
-    QFont mono = font();
-    mono.setStyleHint(QFont::Monospace);
-    mono.setFamily("Monospace");
-    for (int i = 0; i < 32; ++i) {
+    const QFont mono = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    for (int i = 0; i < static_cast<int>(kRecordSize); ++i) {
         auto* label = new QLabel(this);
         label->setObjectName("Lbl" + QString::number(i));
         label->setAlignment(Qt::AlignCenter);
@@ -31,47 +30,42 @@ ByteGrid::ByteGrid(QWidget* parent) : QFrame(parent) {
         label->installEventFilter(this);
         layout->addWidget(label, 0, i);
         layout->setColumnStretch(i, 1);
-        labels_[i] = label;
+        labels_[static_cast<std::size_t>(i)] = label;
     }
-    resetColours();
+    markField(std::nullopt, {});
 }
 
 void ByteGrid::showRecord(const std::optional<NpcRecord>& record) {
-    for (int i = 0; i < 32; ++i)
-        labels_[i]->setText(record ? QString::fromStdString(text::byteHex((*record)[i]))
-                                   : QString());
+    for (std::size_t i = 0; i < kRecordSize; ++i)
+        labels_[i]->setText(record ? QString::fromLatin1(text::byteHex((*record)[i])) : QString());
 }
 
 void ByteGrid::setColour(int index, const QColor& colour) {
-    QPalette p = labels_[index]->palette();
+    auto& current = colours_[static_cast<std::size_t>(index)];
+    if (current == colour)
+        return; // a palette change costs a repaint; most labels keep theirs
+    current = colour;
+    QLabel* label = labels_[static_cast<std::size_t>(index)];
+    QPalette p = label->palette();
     p.setColor(QPalette::Window, colour);
-    labels_[index]->setPalette(p);
+    label->setPalette(p);
 }
 
-QColor ByteGrid::colour(int index) const {
-    return labels_[index]->palette().color(QPalette::Window);
-}
-
-void ByteGrid::resetColours() {
+void ByteGrid::markField(std::optional<int> index, const QColor& colour) {
     const QColor normal = palette().color(QPalette::Button);
-    for (int i = 0; i < 32; ++i)
-        setColour(i, normal);
-}
-
-void ByteGrid::markField(int index, const QColor& colour) {
-    const FieldInfo& field = fieldAt(index);
-    for (int i = field.index; i < field.index + field.size(); ++i)
-        setColour(i, colour);
+    const FieldInfo* field = index ? &fieldAt(*index) : nullptr;
+    for (int i = 0; i < static_cast<int>(kRecordSize); ++i)
+        setColour(i, field && field->contains(i) ? colour : normal);
 }
 
 bool ByteGrid::eventFilter(QObject* watched, QEvent* event) {
     const auto* label = qobject_cast<QLabel*>(watched);
     if (!label)
         return false;
-    const int index =
-        static_cast<int>(std::find(labels_.begin(), labels_.end(), label) - labels_.begin());
-    if (index >= 32)
+    const auto found = std::find(labels_.begin(), labels_.end(), label);
+    if (found == labels_.end())
         return false;
+    const int index = static_cast<int>(found - labels_.begin());
     switch (event->type()) {
     case QEvent::MouseMove:
         emit hovered(index);

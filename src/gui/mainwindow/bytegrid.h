@@ -11,7 +11,7 @@
 namespace parlex::gui {
 
 // One row of 32 labels, Lbl0..Lbl31, showing the bytes of the current record as hex
-// pairs. It only shows and reports: what a hover or a click means is the window's.
+// pairs. It only shows and reports: what a hover or a click means is the session's.
 class ByteGrid : public QFrame {
     Q_OBJECT
 public:
@@ -22,13 +22,12 @@ public:
 
     // Shows a record, or empty labels where the position holds none.
     void showRecord(const std::optional<NpcRecord>& record);
-    bool hasRecord() const { return !labels_[0]->text().isEmpty(); }
 
-    // Colours every label of the field that byte `index` belongs to.
-    void markField(int index, const QColor& colour);
-    void resetColours();
-    QColor colour(int index) const;
-    QLabel* label(int index) const { return labels_.at(index); }
+    // Colours every label of the field that byte `index` belongs to, the others in
+    // the normal colour; without an index every label is normal.
+    void markField(std::optional<int> index, const QColor& colour);
+    QColor colour(int index) const { return colours_.at(static_cast<std::size_t>(index)); }
+    QLabel* label(int index) const { return labels_.at(static_cast<std::size_t>(index)); }
 
 signals:
     void hovered(int index);
@@ -40,7 +39,8 @@ protected:
 
 private:
     void setColour(int index, const QColor& colour);
-    std::array<QLabel*, 32> labels_{};
+    std::array<QLabel*, kRecordSize> labels_{};
+    std::array<QColor, kRecordSize> colours_{};
 };
 
 } // namespace parlex::gui

@@ -5,8 +5,11 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 
 namespace parlex::gui {
+
+using session::UserPrompts;
 
 void DialogPrompts::message(Icon icon, const QString& title, const QString& text) {
     const auto boxIcon = icon == Icon::Critical      ? QMessageBox::Critical
@@ -37,15 +40,40 @@ UserPrompts::Answer DialogPrompts::question(const QString& title, const QString&
     }
 }
 
+QStringList DialogPrompts::qtFilters(const std::vector<Filter>& filters) {
+    QStringList out;
+    for (const auto& f : filters)
+        out << f.text + " (" + f.pattern + ")";
+    return out;
+}
+
+int DialogPrompts::filterNumber(const std::vector<Filter>& filters, const QString& chosen) {
+    const QStringList full = qtFilters(filters);
+    for (std::size_t i = 0; i < filters.size(); ++i)
+        if (chosen == filters[i].text || chosen == full[static_cast<qsizetype>(i)])
+            return static_cast<int>(i) + 1;
+    return 0;
+}
+
 std::optional<UserPrompts::FileChoice> DialogPrompts::fileDialog(const FileRequest& request,
                                                                  bool save) {
-    QStringList filters;
-    for (const auto& f : request.filters)
-        filters << f.text + " (" + f.pattern + ")";
+    const QStringList filters = qtFilters(request.filters);
     QFileDialog dialog(parent_, request.title, request.folder);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(filters);
-    if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
+    const auto suffixOf = [&](const QString& filter) {
+        const int number = filterNumber(request.filters, filter);
+        return number > 0 ? request.filters[static_cast<std::size_t>(number - 1)].defaultSuffix
+                          : QString();
+    };
+    if (request.filterIndex >= 1 && request.filterIndex <= filters.size()) {
         dialog.selectNameFilter(filters[request.filterIndex - 1]);
+        dialog.setDefaultSuffix(suffixOf(filters[request.filterIndex - 1]));
+    }
+    // A name typed without an extension gets the chosen filter's one before the
+    // dialog asks whether to replace an existing file.
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&](const QString& filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (!request.proposedName.isEmpty())
@@ -53,7 +81,7 @@ std::optional<UserPrompts::FileChoice> DialogPrompts::fileDialog(const FileReque
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     return FileChoice{dialog.selectedFiles().first(),
-                      static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1};
+                      std::max(1, filterNumber(request.filters, dialog.selectedNameFilter()))};
 }
 
 std::optional<UserPrompts::FileChoice> DialogPrompts::openFile(const FileRequest& request) {

@@ -1,13 +1,13 @@
 #pragma once
 
 // Answers the program's questions from a script and remembers what it was shown.
-#include "prompts/userprompts.h"
+#include "session/userprompts.h"
 
 #include <deque>
 
-namespace guitest {
+namespace testutil {
 
-using parlex::gui::UserPrompts;
+using parlex::session::UserPrompts;
 
 class ScriptedPrompts : public UserPrompts {
 public:
@@ -17,6 +17,7 @@ public:
     };
     std::vector<Shown> messages;
     std::vector<QString> questions;
+    std::vector<bool> withCancel; // for each question: Yes / No / Cancel or Yes / No
     std::vector<FileRequest> requests;
     std::deque<Answer> answers;
     std::deque<std::optional<FileChoice>> files;
@@ -26,8 +27,9 @@ public:
     void message(Icon icon, const QString& title, const QString& text) override {
         messages.push_back({icon, title, text});
     }
-    Answer question(const QString&, const QString& text, bool) override {
+    Answer question(const QString&, const QString& text, bool cancel) override {
         questions.push_back(text);
+        withCancel.push_back(cancel);
         if (answers.empty()) {
             ++unexpected;
             return Answer::Cancel;
@@ -65,4 +67,4 @@ private:
     }
 };
 
-} // namespace guitest
+} // namespace testutil

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-namespace parlex::gui {
+namespace parlex::session {
 
 // Every question and message the program puts to the user goes through here, so
 // that the flows can be driven by a script in tests.
@@ -17,6 +17,8 @@ public:
     struct Filter {
         QString text;    // what the user reads: "*.npc", "все файлы (*.*)"
         QString pattern; // what it matches: "*.npc", "*"
+        // The extension a name typed without one gets while this filter is chosen.
+        QString defaultSuffix{};
     };
     struct FileRequest {
         QString title;
@@ -42,4 +44,4 @@ public:
     virtual void beep() = 0;
 };
 
-} // namespace parlex::gui
+} // namespace parlex::session

@@ -1,0 +1,91 @@
+#include "mainwindow/helppanel.h"
+
+#include "codelists/resources.h"
+#include "explain/fieldlayout.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+
+namespace parlex::gui {
+namespace {
+
+constexpr int kSmallest = 8;
+constexpr int kLargest = 14;
+
+QString helpOf(int fieldIndex) {
+    return QString::fromStdString(helpText(fieldIndex).value_or(std::string()))
+        .replace("\r\n", "\n");
+}
+
+} // namespace
+
+HelpPanel::HelpPanel(QWidget* parent) : QScrollArea(parent) {
+    setObjectName("HelpArea");
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    label_ = new QLabel(this);
+    label_->setObjectName("LblHelp");
+    label_->setWordWrap(true);
+    label_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label_->setTextFormat(Qt::PlainText);
+    label_->setMouseTracking(true);
+    label_->installEventFilter(this);
+    setWidget(label_);
+    setFontSize(kSmallest);
+}
+
+void HelpPanel::showFieldHelp(int fieldIndex) {
+    const QString text = helpOf(fieldIndex);
+    if (label_->text() != text)
+        label_->setText(text);
+}
+
+void HelpPanel::setFontSize(int points) {
+    fontSize_ = points < kSmallest || points > kLargest ? kSmallest : points;
+    QFont f = label_->font();
+    f.setPointSize(fontSize_);
+    label_->setFont(f);
+}
+
+void HelpPanel::setAlignmentIndex(int index) {
+    alignment_ = index < 0 || index > 2 ? 0 : index;
+    const Qt::Alignment horizontal[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+    label_->setAlignment(horizontal[alignment_] | Qt::AlignTop);
+}
+
+QSize HelpPanel::sizeHint() const {
+    QFont f = label_->font();
+    f.setPointSize(kSmallest);
+    const QFontMetrics metrics(f);
+    // Until the area is laid out, the window's width is the best guess of its own.
+    const int width = std::max({200, viewport()->width(), window()->width() - 16});
+    int tallest = 0;
+    for (const FieldInfo& field : fieldTable())
+        tallest = std::max(
+            tallest,
+            metrics.boundingRect(QRect(0, 0, width, 100000), Qt::TextWordWrap, helpOf(field.index))
+                .height());
+    return {width, tallest + 2 * frameWidth() + 4};
+}
+
+bool HelpPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != label_)
+        return QScrollArea::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseMove)
+        label_->setToolTip(toolTips_ && !label_->text().isEmpty()
+                               ? "Л. клик-размер шрифта П. клик-положение"
+                               : QString());
+    if (event->type() != QEvent::MouseButtonPress)
+        return false;
+    if (label_->text().isEmpty())
+        return true;
+    if (static_cast<QMouseEvent*>(event)->button() == Qt::RightButton)
+        setAlignmentIndex((alignment_ + 1) % 3);
+    else
+        setFontSize(fontSize_ + 2);
+    emit styleChanged(fontSize_, alignment_);
+    return true;
+}
+
+} // namespace parlex::gui

@@ -1,0 +1,119 @@
+#include "mainwindow/menus.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenuBar>
+
+namespace parlex::gui {
+namespace {
+
+struct Item {
+    const char* name;    // objectName; "-" is a separator named by `caption`
+    const char* caption; // with "&" before the access key
+    const char* hotKeys; // the text after the tab, where the shortcut is the key map's
+    QList<QKeySequence> shortcuts;
+};
+
+struct Menu {
+    const char* name;
+    const char* caption;
+    std::vector<Item> items;
+};
+
+QList<QKeySequence> keys(std::initializer_list<const char*> texts) {
+    QList<QKeySequence> out;
+    for (const char* t : texts)
+        out << QKeySequence(QString::fromLatin1(t));
+    return out;
+}
+
+const std::vector<Menu>& menuTree() {
+    static const std::vector<Menu> tree = {
+        {"nFile",
+         "&Файл",
+         {{"nOpen", "&Открыть...", "", keys({"Ctrl+O"})},
+          {"nNew", "Созд&ать", "", keys({"Ctrl+N"})},
+          {"nSave", "&Сохранить", "Alt+S (F2)", {}},
+          {"nSaveAs", "Сохранить &как...", "", keys({"Ctrl+S"})},
+          {"-", "n1", "", {}},
+          {"nExit", "В&ыход", "Alt+X", {}}}},
+        {"nRec",
+         "&Запись",
+         {{"nFrec", "Перейти к пе&рвой", "Numpad /", {}},
+          {"nLrec", "Перейти к п&оследней", "Numpad *", {}},
+          {"nNext", "С&ледующая", "Numpad + (Ctrl+Numpad +)", {}},
+          {"nBack", "Пре&дыдущая", "Numpad - (Ctrl+Numpad -)", {}},
+          {"-", "n2", "", {}},
+          {"nDelStand", "Удалит&ь стандартно", "Ctrl+Numpad Del", {}},
+          {"nDel", "&Удалить полностью", "Numpad Del", {}},
+          {"nCopy", "&Копировать", "Alt+C", {}},
+          {"nPaste", "Вст&авить", "Alt+V", {}},
+          {"-", "nUndoSeparator", "", {}},
+          {"nUndo", "От&менить", "", keys({"Ctrl+Z"})},
+          {"nRedo", "По&вторить", "", keys({"Ctrl+Y", "Ctrl+Shift+Z"})}}},
+        {"nTools",
+         "&Инструменты",
+         {{"nType", "&Тип файла", "", {}},
+          {"nEdit", "&Редактировать", "", keys({"Ctrl+E"})},
+          {"-", "n3", "", {}},
+          {"nOptions", "&Параметры", "", keys({"Ctrl+P"})}}},
+        {"nKeys",
+         "&Коды",
+         {{"nReact", "Коды &Реакций", "", keys({"F3"})},
+          {"nAction", "Коды &Воздействий", "", keys({"F4"})},
+          {"-", "n4", "", {}},
+          {"nTrig", "Коды &Триггеров", "", keys({"F5"})},
+          {"nName", "Список &Имен", "", keys({"F6"})},
+          {"nItem", "Коды &Предметов", "", keys({"F7"})},
+          {"nIq", "Коды При&немаемых квестов", "", keys({"F8"})},
+          {"nOq", "Коды Завершенных &квестов", "", keys({"F9"})}}},
+        {"nHelp",
+         "Помо&щь",
+         {{"nContecst", "&Справка", "", keys({"F1"})},
+          {"-", "n5", "", {}},
+          {"nAbout", "&О Программе...", "", {}}}},
+    };
+    return tree;
+}
+
+void fill(QMenu* menu, const std::vector<Item>& items) {
+    for (const Item& item : items) {
+        if (QString(item.name) == "-") {
+            menu->addSeparator()->setObjectName(item.caption);
+            continue;
+        }
+        const QString caption =
+            *item.hotKeys ? QString(item.caption) + "\t" + item.hotKeys : QString(item.caption);
+        QAction* action = menu->addAction(caption);
+        action->setObjectName(item.name);
+        action->setShortcuts(item.shortcuts);
+        if (QString(item.name) == "nType") { // the layout commands live one level down
+            auto* type = new QMenu(menu);
+            type->setObjectName("nType");
+            action->setMenu(type);
+            // Ctrl+F11 and Ctrl+F12: the two menu shortcuts after F9, clear of Ctrl+F1.
+            fill(type, {{"nSelect", "Выбрать и &Изменить", "", keys({"Ctrl+F11"})},
+                        {"nCurrent", "&Текущий", "", keys({"Ctrl+F12"})}});
+        }
+    }
+}
+
+} // namespace
+
+MainMenus::MainMenus(QMainWindow* window) : window_(window) {
+    for (const Menu& m : menuTree()) {
+        QMenu* menu = window->menuBar()->addMenu(m.caption);
+        menu->setObjectName(m.name);
+        menu->menuAction()->setObjectName(m.name);
+        fill(menu, m.items);
+    }
+    popup_ = new QMenu(window);
+    popup_->setObjectName("nPopUp");
+    fill(popup_, {{"nFon", "&Фон Текста", "", {}}, {"nFont", "&Шрифт Текста", "", {}}});
+}
+
+QAction* MainMenus::action(const QString& name) const {
+    return window_->findChild<QAction*>(name);
+}
+
+} // namespace parlex::gui

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+class QAction;
+class QMainWindow;
+class QMenu;
+
+namespace parlex::gui {
+
+// The menu bar of the main window and the hidden pop-up menu nPopUp, with every
+// item named as the program names it ("nOpen", "nDelStand", ...), its caption, the
+// hot-key text behind it and its shortcut. What an item does is wired by the window.
+class MainMenus {
+public:
+    explicit MainMenus(QMainWindow* window);
+
+    QAction* action(const QString& name) const;
+    QMenu* popup() const { return popup_; }
+
+private:
+    QMainWindow* window_;
+    QMenu* popup_ = nullptr;
+};
+
+} // namespace parlex::gui

@@ -1,0 +1,15 @@
+#pragma once
+
+namespace parlex::session {
+
+// What the user can set. Until there is a settings file these are the values a
+// first start has.
+struct Options {
+    bool toolTips = false;    // hints on the grid, the help label and the slider
+    bool showMessages = true; // the speech pane follows byte 14 of the record
+    bool animation = false;   // dialogs shrink away when they close
+    int helpFontSize = 8;     // point size of the help text under the grid: 8-14
+    int helpAlignment = 0;    // of the help text: 0 left, 1 right, 2 centre
+};
+
+} // namespace parlex::session

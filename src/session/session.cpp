@@ -1,0 +1,561 @@
+#include "session/session.h"
+
+#include "explain/fieldlayout.h"
+#include "text/numbers.h"
+
+#include <QDir>
+#include <algorithm>
+
+namespace parlex::session {
+namespace {
+
+using Icon = UserPrompts::Icon;
+using Answer = UserPrompts::Answer;
+
+const QString kTitle = QString::fromUtf8(kMessageTitle);
+
+QString q(const std::string& s) {
+    return QString::fromStdString(s);
+}
+QString q(const std::filesystem::path& p) {
+    return QString::fromStdString(p.string());
+}
+std::filesystem::path fsPath(const QString& s) {
+    return std::filesystem::path(s.toStdString());
+}
+
+bool samePath(const std::filesystem::path& a, const std::filesystem::path& b) {
+    std::error_code ea, eb;
+    const auto ca = std::filesystem::weakly_canonical(a, ea);
+    const auto cb = std::filesystem::weakly_canonical(b, eb);
+    return (ea ? a : ca) == (eb ? b : cb);
+}
+
+const std::vector<UserPrompts::Filter> kOpenFilters = {{"*.npc", "*.npc"},
+                                                       {"все файлы (*.*)", "*"}};
+
+// The chosen path, with the chosen filter's extension added to a name that has none.
+std::filesystem::path withSuffix(const UserPrompts::FileChoice& choice,
+                                 const UserPrompts::FileRequest& request) {
+    std::filesystem::path path = fsPath(choice.path);
+    const auto index = static_cast<std::size_t>(choice.filterIndex - 1);
+    if (index < request.filters.size() && !request.filters[index].defaultSuffix.isEmpty() &&
+        !path.has_extension())
+        path += "." + request.filters[index].defaultSuffix.toStdString();
+    return path;
+}
+
+} // namespace
+
+Session::Session(UserPrompts& prompts, std::filesystem::path programDir, QObject* parent)
+    : QObject(parent), prompts_(prompts), programDir_(std::move(programDir)), lists_(programDir_) {
+    // Queued: the check may reload the script, which changes what is watched.
+    connect(&watcher_, &QFileSystemWatcher::fileChanged, this, &Session::checkDisk,
+            Qt::QueuedConnection);
+    connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, &Session::checkDisk,
+            Qt::QueuedConnection);
+}
+
+// ---------------------------------------------------------------- start and end
+
+bool Session::start(const QStringList& arguments, const QString& programName) {
+    if (arguments.isEmpty())
+        return true;
+    // The command line is one whole path, blanks and all.
+    const QString line = arguments.join(' ');
+    const auto path = fsPath(line);
+    if (platform::fileExists(path)) {
+        const auto size = platform::fileSize(path);
+        if (size && *size == npcformat::kFileSize)
+            openPath(path);
+        else if (size)
+            prompts_.message(Icon::Exclamation, "PARLEX - ОШИБКА ЗАГРУЗКИ",
+                             q(npcformat::sizeRefusal(line.toStdString(), *size)));
+        return true;
+    }
+    const QString lower = line.toLower();
+    if (lower == "/help" || lower == "help" || line == "/?" || line == "?") {
+        prompts_.message(Icon::Information, "Parlex <DOS>",
+                         "Usage:\n<" + programName + "> <FileName> for open current file\n<" +
+                             programName + "> without parameters for run programm");
+        return false;
+    }
+    return true;
+}
+
+bool Session::queryClose() {
+    return askSaveScript() == Ask::Continue;
+}
+
+void Session::shutdown() {
+    buffer_.clear();
+    history_.clear();
+    if (!watcher_.files().isEmpty() || !watcher_.directories().isEmpty())
+        watcher_.removePaths(watcher_.files() + watcher_.directories());
+    emit bufferChanged();
+    emit historyChanged();
+}
+
+// ---------------------------------------------------------------- script flows
+
+void Session::showError(const Error& error) {
+    const bool refusal = error.kind == ErrorKind::TooSmall || error.kind == ErrorKind::TooLarge ||
+                         error.kind == ErrorKind::ReadOnlyDrive ||
+                         error.kind == ErrorKind::Invalid || error.kind == ErrorKind::Exists;
+    prompts_.message(refusal ? Icon::Exclamation : Icon::Critical,
+                     error.title.empty() ? kTitle : q(error.title), q(error.message));
+}
+
+QString Session::startFolder() const {
+    return q(lastPath_.empty() ? programDir_ : lastPath_.parent_path());
+}
+
+Session::Ask Session::askSaveScript() {
+    if (!npc_ || !npc_->isChanged())
+        return Ask::Continue;
+    const QString text =
+        npc_->isNew() ? QString("Сохранть новый NPC файл?") : "Сохранть " + q(npc_->path()) + " ?";
+    switch (prompts_.question(kTitle, text, true)) {
+    case Answer::Cancel:
+        return Ask::Cancel;
+    case Answer::No:
+        return Ask::Continue;
+    case Answer::Yes:
+        break;
+    }
+    // A save that failed has said so; the flow that asked stops, so that the
+    // changes are not thrown away with the document.
+    return save() == SaveOutcome::Saved ? Ask::Continue : Ask::Cancel;
+}
+
+bool Session::open() {
+    if (askSaveScript() == Ask::Cancel)
+        return false;
+    auto choice = prompts_.openFile(
+        {"ОТКРЫТИЕ NPC ФАЙЛА", startFolder(), q(lastPath_.filename()), kOpenFilters, 1});
+    if (!choice)
+        return false;
+    return load(fsPath(choice->path));
+}
+
+bool Session::openPath(const std::filesystem::path& path) {
+    return load(path);
+}
+
+bool Session::load(const std::filesystem::path& path) {
+    auto loaded = NpcFile::load(path);
+    if (!loaded) {
+        showError(loaded.error());
+        return false;
+    }
+    lastPath_ = path;
+    replaceDocument(std::move(*loaded));
+    return true;
+}
+
+void Session::newScript() {
+    if (askSaveScript() == Ask::Cancel)
+        return;
+    replaceDocument(NpcFile::makeNew());
+}
+
+// Everything that follows a new document in memory: the history is emptied, the
+// watch follows the file, and the record at the position is shown anew.
+void Session::replaceDocument(NpcFile file) {
+    npc_ = std::move(file);
+    history_.clear();
+    watch();
+    emit historyChanged();
+    emit documentReplaced();
+    setChanged();
+    refreshField();
+}
+
+Session::SaveOutcome Session::save() {
+    if (!npc_)
+        return SaveOutcome::Failed;
+    switch (npc_->saveRoute()) {
+    case NpcFile::SaveRoute::AskForName:
+        return saveAs();
+    case NpcFile::SaveRoute::ReadOnlyDrive:
+        showError(platform::readOnlyDriveError(npc_->path(), true));
+        return saveAs();
+    case NpcFile::SaveRoute::InPlace:
+        break;
+    }
+    if (!confirmOverwriteOfChangedFile())
+        return SaveOutcome::Cancelled;
+    return writeTo(npc_->path());
+}
+
+Session::SaveOutcome Session::saveAs() {
+    if (!npc_)
+        return SaveOutcome::Failed;
+    const UserPrompts::FileRequest request{"СОХРАНИТЬ NPC ФАЙЛ КАК...",
+                                           startFolder(),
+                                           npc_->isNew() ? QString() : q(npc_->title()),
+                                           {{"*.NPC", "*.npc", "npc"}, {"Все файлы", "*"}},
+                                           1};
+    for (;;) {
+        auto choice = prompts_.saveFile(request);
+        if (!choice)
+            return SaveOutcome::Cancelled;
+        const auto path = withSuffix(*choice, request);
+        if (platform::driveKind(path) == platform::DriveKind::ReadOnly) {
+            showError(platform::readOnlyDriveError(path, true));
+            continue; // the dialog returns until a writable place is chosen
+        }
+        return writeTo(path);
+    }
+}
+
+// Writes the script and reads it back, so that what is shown is what the disk holds.
+Session::SaveOutcome Session::writeTo(const std::filesystem::path& path) {
+    NpcFile saved = *npc_;
+    if (auto written = saved.saveAs(path); !written) {
+        showError(written.error());
+        return SaveOutcome::Failed;
+    }
+    lastPath_ = saved.path();
+    replaceDocument(std::move(saved));
+    return SaveOutcome::Saved;
+}
+
+bool Session::confirmOverwriteOfChangedFile() {
+    const auto now = platform::fileStatus(npc_->path());
+    if (!now || !loadedStatus_ || *now == *loadedStatus_)
+        return true;
+    return prompts_.question(kTitle,
+                             "Файл\n" + q(npc_->path()) +
+                                 "\nизменён другой программой после загрузки.\n"
+                                 "Заменить его содержимым редактора?",
+                             false) == Answer::Yes;
+}
+
+void Session::convertLayout() {
+    auto source = prompts_.openFile(
+        {"ИЗМЕНЕНИЕ ФОРМАТА NPC ФАЙЛА", startFolder(), QString(), kOpenFilters, 1});
+    if (!source)
+        return;
+    const auto sourcePath = fsPath(source->path);
+    if (auto checked = npcformat::readScript(sourcePath); !checked) {
+        showError(checked.error());
+        return;
+    }
+    const bool sourceIsOpen = npc_ && !npc_->isNew() && samePath(npc_->path(), sourcePath);
+    // The bytes read next must be the latest ones.
+    if (sourceIsOpen && askSaveScript() == Ask::Cancel)
+        return;
+    auto bytes = npcformat::readScript(sourcePath);
+    if (!bytes) {
+        showError(bytes.error());
+        return;
+    }
+    const NpcFileType from = npcformat::detectType(*bytes);
+    const UserPrompts::FileRequest request{
+        from == NpcFileType::Ja
+            ? "ТЕКУЩИЙ ТИП NPC ФАЙЛА JA2:АВ (БУКА). СОХРАНИТЬ КАК..."
+            : "ТЕКУЩИЙ ТИП NPC ФАЙЛА JA2:ENG., JA2UB:ENG. & RUS. СОХРАНИТЬ КАК...",
+        startFolder(),
+        q(sourcePath.filename()),
+        {{"Buka: АВ", "*.npc", "npc"}, {"Ja2:eng.,UB:eng.&rus.", "*.npc", "npc"}},
+        from == NpcFileType::Ja ? 2 : 1};
+    for (;;) {
+        auto target = prompts_.saveFile(request);
+        if (!target)
+            return;
+        const auto targetPath = withSuffix(*target, request);
+        const NpcFileType to = target->filterIndex == 1 ? NpcFileType::Ja : NpcFileType::Ub;
+        if (platform::driveKind(targetPath) == platform::DriveKind::ReadOnly) {
+            showError(platform::readOnlyDriveError(targetPath, true));
+            continue;
+        }
+        if (auto allowed = npcformat::checkConversion(from, to); !allowed) {
+            showError(allowed.error()); // nothing to convert: say so and ask again
+            continue;
+        }
+        if (auto done = npcformat::convertFile(sourcePath, targetPath, to); !done) {
+            showError(done.error());
+            return;
+        }
+        if (!npc_ || npc_->isNew() || !samePath(npc_->path(), targetPath))
+            return;
+        // Our own write onto the open file is no news from another program.
+        acknowledgeDisk();
+        if (prompts_.question(
+                kTitle, "Формат файла\n" + q(targetPath) + " был изменен.\nЗагрузить файл заново?",
+                false) == Answer::Yes)
+            load(npc_->path());
+        return;
+    }
+}
+
+void Session::showCurrentInfo() {
+    if (npc_)
+        prompts_.message(Icon::Information, "Текущий файл...", q(npc_->summary()));
+}
+
+std::vector<std::string> Session::listRows(ListKey key) {
+    ListRows rows = lists_.rows(key);
+    if (rows.warning)
+        prompts_.message(Icon::Exclamation, kTitle, q(*rows.warning));
+    return std::move(rows.rows);
+}
+
+// ---------------------------------------------------------------- position
+
+const NpcRecord* Session::currentRecord() const {
+    return npc_ ? npc_->recordAt(position_) : nullptr;
+}
+
+void Session::setPosition(int position) {
+    position = std::clamp(position, 1, kPositions);
+    if (position == position_)
+        return;
+    position_ = position;
+    emit positionChanged(position_);
+    refreshField();
+}
+
+void Session::nextRecord() {
+    if (npc_ && position_ < kPositions)
+        setPosition(position_ + 1);
+}
+
+void Session::previousRecord() {
+    if (npc_ && position_ > 1)
+        setPosition(position_ - 1);
+}
+
+void Session::stepRecords(int delta) {
+    if (npc_)
+        setPosition(position_ + delta);
+}
+
+void Session::firstRecord() {
+    if (!npc_)
+        return;
+    if (const auto found = npc_->firstNonEmptyPosition())
+        setPosition(*found);
+    else
+        prompts_.beep();
+}
+
+void Session::lastRecord() {
+    if (!npc_)
+        return;
+    if (const auto found = npc_->lastNonEmptyPosition())
+        setPosition(*found);
+    else
+        prompts_.beep();
+}
+
+// ---------------------------------------------------------------- the field shown
+
+// Shows the record at the position again, at the byte of the position text: the
+// pin moves there if a field is pinned, else the field is shown as under the mouse.
+void Session::refreshField() {
+    const int byte = positionByte_.value_or(0);
+    if (pinned_)
+        press(byte, false);
+    else
+        hover(byte);
+}
+
+void Session::showNoRecord() {
+    mark_ = FieldMark::None;
+    noRecordShown_ = true;
+    emit fieldShown();
+}
+
+void Session::showField(int byteIndex, FieldMark mark) {
+    noRecordShown_ = false;
+    positionByte_ = byteIndex;
+    positionRecord_ = position_;
+    mark_ = mark;
+    markedByte_ = byteIndex;
+    emit fieldShown();
+}
+
+void Session::hover(int byteIndex) {
+    if (!npc_ || pinned_)
+        return;
+    if (!currentRecord())
+        showNoRecord();
+    else
+        showField(byteIndex, FieldMark::Hover);
+}
+
+void Session::press(int byteIndex, bool rightButton) {
+    if (!npc_)
+        return;
+    if (!currentRecord()) {
+        showNoRecord();
+        return;
+    }
+    if (!rightButton) {
+        if (pinned_)
+            showField(byteIndex, FieldMark::Pinned); // the pin moves
+        return;
+    }
+    if (pinned_) {
+        pinned_ = false;
+        hover(byteIndex);
+        return;
+    }
+    // Pinning changes the colour only: position text and help are this field's already.
+    pinned_ = true;
+    mark_ = FieldMark::Pinned;
+    markedByte_ = byteIndex;
+    emit fieldShown();
+}
+
+QString Session::positionText() const {
+    if (!positionByte_)
+        return {};
+    return q(text::zeroPadded(static_cast<unsigned>(positionRecord_), 2) + ":" +
+             text::zeroPadded(static_cast<unsigned>(*positionByte_ + 1), 2) +
+             fieldStart(*positionByte_).label);
+}
+
+std::optional<int> Session::shownField() const {
+    if (!npc_ || noRecordShown_ || !positionByte_)
+        return std::nullopt;
+    return fieldStart(*positionByte_).fieldIndex;
+}
+
+Explanation Session::explanation() const {
+    const ExplainContext context{npc_ ? std::optional(npc_->type()) : std::nullopt, &lists_,
+                                 options_.showMessages, 0};
+    if (npc_ && noRecordShown_)
+        return explain(nullptr, 0, context);
+    const auto field = shownField();
+    if (!field)
+        return {};
+    return explain(currentRecord(), *field, context);
+}
+
+// ---------------------------------------------------------------- edits
+
+void Session::setChanged() {
+    const bool changed = npc_ && npc_->isChanged();
+    if (changed == wasChanged_)
+        return;
+    wasChanged_ = changed;
+    emit changedStateChanged(changed);
+}
+
+bool Session::editRecord(std::size_t index, const NpcRecord& record) {
+    if (!npc_ || index >= npc_->recordCount() || npc_->record(index) == record)
+        return false;
+    history_.push({index, npc_->record(index), record});
+    npc_->setRecord(index, record);
+    emit recordChanged(static_cast<int>(index));
+    emit historyChanged();
+    setChanged();
+    if (static_cast<int>(index) == position_ - 1)
+        refreshField();
+    return true;
+}
+
+void Session::deleteRecord(bool standard) {
+    if (currentRecord())
+        editRecord(static_cast<std::size_t>(position_ - 1),
+                   standard ? kNeutralRecord : kEmptyRecord);
+}
+
+void Session::copyRecord() {
+    if (const NpcRecord* record = currentRecord()) {
+        buffer_.copy(*record);
+        emit bufferChanged();
+    }
+}
+
+void Session::pasteRecord() {
+    if (currentRecord() && buffer_.record())
+        editRecord(static_cast<std::size_t>(position_ - 1), *buffer_.record());
+}
+
+void Session::undo() {
+    const auto edit = history_.undo();
+    if (!edit || !npc_)
+        return;
+    npc_->setRecord(edit->index, edit->before);
+    emit recordChanged(static_cast<int>(edit->index));
+    emit historyChanged();
+    setChanged();
+    // Show the record that changed back.
+    if (position_ != static_cast<int>(edit->index) + 1)
+        setPosition(static_cast<int>(edit->index) + 1);
+    else
+        refreshField();
+}
+
+void Session::redo() {
+    const auto edit = history_.redo();
+    if (!edit || !npc_)
+        return;
+    npc_->setRecord(edit->index, edit->after);
+    emit recordChanged(static_cast<int>(edit->index));
+    emit historyChanged();
+    setChanged();
+    if (position_ != static_cast<int>(edit->index) + 1)
+        setPosition(static_cast<int>(edit->index) + 1);
+    else
+        refreshField();
+}
+
+// ---------------------------------------------------------------- the file on disk
+
+void Session::acknowledgeDisk() {
+    loadedStatus_ = seenStatus_ =
+        npc_ && !npc_->isNew() ? platform::fileStatus(npc_->path()) : std::nullopt;
+}
+
+void Session::watch() {
+    const QStringList watched = watcher_.files() + watcher_.directories();
+    if (!watched.isEmpty())
+        watcher_.removePaths(watched);
+    acknowledgeDisk();
+    if (!npc_ || npc_->isNew())
+        return;
+    // The folder too: a file replaced by renaming another over it drops out of a
+    // plain file watch.
+    const QString file = q(npc_->path());
+    watcher_.addPath(
+        QDir::cleanPath(q(npc_->path().parent_path().empty() ? std::filesystem::path(".")
+                                                             : npc_->path().parent_path())));
+    if (platform::fileExists(npc_->path()))
+        watcher_.addPath(file);
+}
+
+void Session::checkDisk() {
+    if (!npc_ || npc_->isNew() || checking_)
+        return;
+    const auto now = platform::fileStatus(npc_->path());
+    if (now && !watcher_.files().contains(q(npc_->path())))
+        watcher_.addPath(q(npc_->path()));
+    if (now == seenStatus_)
+        return;
+    seenStatus_ = now;
+    checking_ = true;
+    const QString path = q(npc_->path());
+    if (!now) {
+        prompts_.message(Icon::Information, kTitle,
+                         "Файл\n" + path +
+                             "\nудалён или переименован другой программой.\n"
+                             "При сохранении будет предложено указать имя файла.");
+    } else if (now != loadedStatus_) {
+        const QString text =
+            npc_->isChanged()
+                ? "Файл\n" + path +
+                      "\nизменён другой программой.\nЗагрузить его заново? "
+                      "Изменения, сделанные в редакторе, будут потеряны."
+                : "Файл\n" + path + "\nизменён другой программой.\nЗагрузить его заново?";
+        if (prompts_.question(kTitle, text, false) == Answer::Yes)
+            load(npc_->path());
+    }
+    checking_ = false;
+}
+
+} // namespace parlex::session
