@@ -41,6 +41,7 @@ test-sanitize: deps
 
 bench: build
 	@for b in $(BUILD)/benchmarks/bench_*; do $$b --benchmark_repetitions=5 --benchmark_report_aggregates_only=true; done
+	QT_QPA_PLATFORM=offscreen $(BUILD)/benchmarks/qbench_window -median 15
 
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')

@@ -42,7 +42,7 @@ MainWindow::MainWindow(UserPrompts& prompts, std::filesystem::path programDir, Q
     setWindowTitle("PARLEX");
     setMinimumSize(kMinWidth, kMinHeight);
     buildControls();
-    menus_ = new MainMenus(this);
+    menus_ = std::make_unique<MainMenus>(this);
     wireMenus();
     wireSession();
     updateCommands();

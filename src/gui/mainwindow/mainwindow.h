@@ -7,6 +7,7 @@
 
 #include <QMainWindow>
 #include <filesystem>
+#include <memory>
 
 class QLabel;
 class QListWidget;
@@ -67,7 +68,7 @@ private:
     ClipboardGuard clipboard_;
     KeySource keySource_;
 
-    MainMenus* menus_ = nullptr;
+    std::unique_ptr<MainMenus> menus_;
     QSlider* slider_ = nullptr;
     ByteGrid* grid_ = nullptr;
     HelpPanel* help_ = nullptr;

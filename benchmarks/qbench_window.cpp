@@ -1,0 +1,103 @@
+// The window's speed, with Qt Test benchmarks on the offscreen platform. Each case
+// has a baseline of plain Qt doing the least the same screen change needs, measured
+// in the same process, so the two can be compared:
+//   hover:  the mouse onto another field until the explanation is repainted, against
+//           one plain label changing its text and being repainted;
+//   list:   F5 (500 trigger rows) until the list is repainted, against 500 rows put
+//           into a plain list widget one by one.
+// Run: QT_QPA_PLATFORM=offscreen build/benchmarks/qbench_window -median 15
+#include "mainwindow/mainwindow.h"
+#include "prompts/dialogprompts.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QTest>
+#include <filesystem>
+
+class WindowBench : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void hover();
+    void hoverBaseline();
+    void showList();
+    void showListBaseline();
+
+private:
+    void hoverOn(int index) {
+        QLabel* label = window_->findChild<QLabel*>("Lbl" + QString::number(index));
+        QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), label->mapToGlobal(QPointF(3, 3)),
+                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(label, &move);
+    }
+    static void repaintNow() { QCoreApplication::sendPostedEvents(); }
+
+    parlex::gui::DialogPrompts prompts_;
+    parlex::gui::MainWindow* window_ = nullptr;
+};
+
+void WindowBench::initTestCase() {
+    window_ = new parlex::gui::MainWindow(prompts_, std::filesystem::temp_directory_path());
+    window_->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window_));
+    QVERIFY(window_->session().openPath(PARLEX_EXAMPLE));
+}
+
+void WindowBench::cleanupTestCase() {
+    delete window_;
+}
+
+void WindowBench::hover() {
+    const int bytes[] = {3, 12, 22, 14}; // four fields of different widths
+    int i = 0;
+    QBENCHMARK {
+        hoverOn(bytes[i++ % 4]);
+        repaintNow();
+    }
+}
+
+void WindowBench::hoverBaseline() {
+    QLabel label;
+    label.resize(600, 20);
+    label.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&label));
+    const QString texts[] = {"Запись не проверяет наличия предметов у НПЦ",
+                             "Эта запись будет срабатывать всегда"};
+    int i = 0;
+    QBENCHMARK {
+        label.setText(texts[i++ % 2]);
+        repaintNow();
+    }
+}
+
+void WindowBench::showList() {
+    QAction* triggers = window_->findChild<QAction*>("nTrig");
+    QBENCHMARK {
+        triggers->trigger();
+        repaintNow();
+    }
+    QCOMPARE(window_->findChild<QListWidget*>("List")->count(), 500);
+}
+
+void WindowBench::showListBaseline() {
+    QListWidget list;
+    list.resize(200, 300);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    QStringList rows;
+    for (int i = 0; i < 500; ++i)
+        rows << QString("№_%1 (%2) Триггер").arg(i).arg(i % 256, 2, 16, QChar('0'));
+    QBENCHMARK {
+        list.clear();
+        for (const QString& row : rows)
+            list.addItem(row);
+        repaintNow();
+    }
+}
+
+QTEST_MAIN(WindowBench)
+#include "qbench_window.moc"
