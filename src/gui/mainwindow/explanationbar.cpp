@@ -2,7 +2,7 @@
 
 #include "mainwindow/elidedlabel.h"
 
-#include <QHBoxLayout>
+#include <QEvent>
 
 namespace parlex::gui {
 
@@ -11,9 +11,6 @@ const QColor ExplanationBar::kAlert{192, 0, 0};
 ExplanationBar::ExplanationBar(QWidget* parent) : QFrame(parent) {
     setObjectName("Frame1");
     setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(4, 2, 4, 2);
-    layout->setSpacing(0);
     info_ = new ElidedLabel(this);
     info_->setObjectName("LblInfo");
     remark_ = new ElidedLabel(this);
@@ -25,10 +22,33 @@ ExplanationBar::ExplanationBar(QWidget* parent) : QFrame(parent) {
     red.setColor(QPalette::WindowText, kAlert);
     remark_->setPalette(red);
     remark_->hide();
-    layout->addWidget(info_);
-    layout->addWidget(remark_); // right behind the sentence
-    layout->addStretch(1);
-    setMinimumHeight(info_->sizeHint().height() + 8);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+QSize ExplanationBar::sizeHint() const {
+    return {100, info_->sizeHint().height() + 2 * frameWidth() + 6};
+}
+
+bool ExplanationBar::event(QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest) {
+        placeLabels();
+        return true;
+    }
+    return QFrame::event(event);
+}
+
+void ExplanationBar::resizeEvent(QResizeEvent* event) {
+    QFrame::resizeEvent(event);
+    placeLabels();
+}
+
+void ExplanationBar::placeLabels() {
+    const QRect area = contentsRect().adjusted(4, 2, -4, -2);
+    const int remarkWidth =
+        remark_->isHidden() ? 0 : std::min(area.width() / 2, remark_->sizeHint().width());
+    const int infoWidth = std::min(info_->sizeHint().width(), area.width() - remarkWidth);
+    info_->setGeometry(area.x(), area.y(), infoWidth, area.height());
+    remark_->setGeometry(area.x() + infoWidth, area.y(), remarkWidth, area.height());
 }
 
 void ExplanationBar::showExplanation(const Explanation& e) {
@@ -41,6 +61,7 @@ void ExplanationBar::showExplanation(const Explanation& e) {
     }
     remark_->setFullText(QString::fromStdString(e.remark));
     remark_->setVisible(!e.remark.empty());
+    placeLabels();
 }
 
 } // namespace parlex::gui

@@ -17,8 +17,17 @@ public:
 
     explicit ExplanationBar(QWidget* parent = nullptr);
     void showExplanation(const Explanation& explanation);
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    // The sentence from the left, the remark right behind it; the sentence gives up
+    // width first when both do not fit. A new text is laid out here and goes no higher.
+    void placeLabels();
     ElidedLabel* info_;
     ElidedLabel* remark_;
     bool alert_ = false;

@@ -66,7 +66,9 @@ QSize HelpPanel::sizeHint() const {
             tallest,
             metrics.boundingRect(QRect(0, 0, width, 100000), Qt::TextWordWrap, helpOf(field.index))
                 .height());
-    return {width, tallest + 2 * frameWidth() + 4};
+    hintWidth_ = width;
+    hintHeight_ = tallest + 2 * frameWidth() + 4;
+    return {width, hintHeight_};
 }
 
 bool HelpPanel::eventFilter(QObject* watched, QEvent* event) {

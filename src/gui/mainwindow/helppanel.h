@@ -34,6 +34,8 @@ protected:
 
 private:
     QLabel* label_;
+    mutable int hintWidth_ = -1; // the width the cached height was measured at
+    mutable int hintHeight_ = 0;
     int fontSize_ = 8;
     int alignment_ = 0;
     bool toolTips_ = false;

@@ -1,23 +1,59 @@
 #include "mainwindow/statuspanels.h"
 
-#include <QHBoxLayout>
+#include <QEvent>
 
 namespace parlex::gui {
 
 StatusPanels::StatusPanels(const QString& name, int panels, int stretch, QWidget* parent)
-    : QFrame(parent) {
+    : QFrame(parent), stretch_(stretch) {
     setObjectName(name);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(2);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     for (int i = 1; i <= panels; ++i) {
         auto* label = new QLabel(this);
         label->setObjectName(name + "_" + QString::number(i));
         label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         label->setMinimumWidth(16);
         label->setTextFormat(Qt::PlainText);
-        layout->addWidget(label, i == stretch ? 1 : 0);
         labels_.push_back(label);
+    }
+}
+
+QSize StatusPanels::sizeHint() const {
+    // One line of text in a sunken frame, whatever the panels hold.
+    return {100, fontMetrics().height() + 2 * labels_.front()->frameWidth() + 2};
+}
+
+bool StatusPanels::event(QEvent* event) {
+    // A panel's new text asks its parent for a new layout: that is this bar alone.
+    if (event->type() == QEvent::LayoutRequest) {
+        placePanels();
+        return true;
+    }
+    return QFrame::event(event);
+}
+
+void StatusPanels::resizeEvent(QResizeEvent* event) {
+    QFrame::resizeEvent(event);
+    placePanels();
+}
+
+void StatusPanels::placePanels() {
+    const auto widthOf = [](const QLabel* l) {
+        return l->minimumWidth() == l->maximumWidth()
+                   ? l->minimumWidth()
+                   : std::max(l->minimumWidth(), l->sizeHint().width());
+    };
+    int fixed = 0;
+    for (std::size_t i = 0; i < labels_.size(); ++i)
+        if (static_cast<int>(i) + 1 != stretch_)
+            fixed += widthOf(labels_[i]) + kSpacing;
+    int x = 0;
+    for (std::size_t i = 0; i < labels_.size(); ++i) {
+        QLabel* l = labels_[i];
+        const int w = static_cast<int>(i) + 1 == stretch_ ? std::max(16, width() - fixed)
+                                                          : widthOf(l);
+        l->setGeometry(x, 0, w, height());
+        x += w + kSpacing;
     }
 }
 

@@ -7,6 +7,8 @@
 namespace parlex::gui {
 
 // A status bar of numbered panels (from 1). Panel i is a label named "<bar>_<i>".
+// The bar places its panels itself: a new text in a panel is laid out within the
+// bar and never makes the whole window lay itself out again.
 class StatusPanels : public QFrame {
 public:
     // `stretch` is the panel that takes the width the others leave (0: none).
@@ -14,10 +16,20 @@ public:
 
     void setText(int panel, const QString& text) { label(panel)->setText(text); }
     QString text(int panel) const { return label(panel)->text(); }
-    QLabel* label(int panel) const { return labels_.at(panel - 1); }
+    QLabel* label(int panel) const { return labels_.at(static_cast<std::size_t>(panel - 1)); }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void placePanels();
     std::vector<QLabel*> labels_;
+    int stretch_;
+    static constexpr int kSpacing = 2;
 };
 
 } // namespace parlex::gui
