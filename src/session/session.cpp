@@ -449,13 +449,22 @@ bool Session::editRecord(std::size_t index, const NpcRecord& record) {
     if (!npc_ || index >= npc_->recordCount() || npc_->record(index) == record)
         return false;
     history_.push({index, npc_->record(index), record});
+    storeRecord(index, record, false);
+    return true;
+}
+
+// Puts new bytes into a record and tells everyone. Undo and redo also move to the
+// record they change, so that the user sees what happened.
+void Session::storeRecord(std::size_t index, const NpcRecord& record, bool moveThere) {
     npc_->setRecord(index, record);
-    emit recordChanged(static_cast<int>(index));
+    const int position = static_cast<int>(index) + 1;
+    emit recordChanged(position - 1);
     emit historyChanged();
     setChanged();
-    if (static_cast<int>(index) == position_ - 1)
+    if (moveThere && position != position_)
+        setPosition(position);
+    else if (position == position_)
         refreshField();
-    return true;
 }
 
 void Session::deleteRecord(bool standard) {
@@ -477,32 +486,13 @@ void Session::pasteRecord() {
 }
 
 void Session::undo() {
-    const auto edit = history_.undo();
-    if (!edit || !npc_)
-        return;
-    npc_->setRecord(edit->index, edit->before);
-    emit recordChanged(static_cast<int>(edit->index));
-    emit historyChanged();
-    setChanged();
-    // Show the record that changed back.
-    if (position_ != static_cast<int>(edit->index) + 1)
-        setPosition(static_cast<int>(edit->index) + 1);
-    else
-        refreshField();
+    if (const auto edit = npc_ ? history_.undo() : std::nullopt)
+        storeRecord(edit->index, edit->before, true);
 }
 
 void Session::redo() {
-    const auto edit = history_.redo();
-    if (!edit || !npc_)
-        return;
-    npc_->setRecord(edit->index, edit->after);
-    emit recordChanged(static_cast<int>(edit->index));
-    emit historyChanged();
-    setChanged();
-    if (position_ != static_cast<int>(edit->index) + 1)
-        setPosition(static_cast<int>(edit->index) + 1);
-    else
-        refreshField();
+    if (const auto edit = npc_ ? history_.redo() : std::nullopt)
+        storeRecord(edit->index, edit->after, true);
 }
 
 // ---------------------------------------------------------------- the file on disk

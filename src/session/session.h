@@ -131,6 +131,7 @@ private:
     void showError(const Error& error);
     QString startFolder() const;
     void refreshField();
+    void storeRecord(std::size_t index, const NpcRecord& record, bool moveThere);
     void setChanged();
     void watch();
     void acknowledgeDisk();

@@ -2,13 +2,13 @@
 
 #include "mainwindow/elidedlabel.h"
 
-#include <QEvent>
+#include <algorithm>
 
 namespace parlex::gui {
 
 const QColor ExplanationBar::kAlert{192, 0, 0};
 
-ExplanationBar::ExplanationBar(QWidget* parent) : QFrame(parent) {
+ExplanationBar::ExplanationBar(QWidget* parent) : SelfPlacingFrame(parent) {
     setObjectName("Frame1");
     setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     info_ = new ElidedLabel(this);
@@ -29,20 +29,7 @@ QSize ExplanationBar::sizeHint() const {
     return {100, info_->sizeHint().height() + 2 * frameWidth() + 6};
 }
 
-bool ExplanationBar::event(QEvent* event) {
-    if (event->type() == QEvent::LayoutRequest) {
-        placeLabels();
-        return true;
-    }
-    return QFrame::event(event);
-}
-
-void ExplanationBar::resizeEvent(QResizeEvent* event) {
-    QFrame::resizeEvent(event);
-    placeLabels();
-}
-
-void ExplanationBar::placeLabels() {
+void ExplanationBar::placeChildren() {
     const QRect area = contentsRect().adjusted(4, 2, -4, -2);
     const int remarkWidth =
         remark_->isHidden() ? 0 : std::min(area.width() / 2, remark_->sizeHint().width());
@@ -61,7 +48,7 @@ void ExplanationBar::showExplanation(const Explanation& e) {
     }
     remark_->setFullText(QString::fromStdString(e.remark));
     remark_->setVisible(!e.remark.empty());
-    placeLabels();
+    placeChildren();
 }
 
 } // namespace parlex::gui

@@ -2,7 +2,7 @@
 
 #include "explain/explainer.h"
 
-#include <QFrame>
+#include "mainwindow/selfplacingframe.h"
 
 namespace parlex::gui {
 
@@ -10,7 +10,7 @@ class ElidedLabel;
 
 // The frame Frame1 under the help text: the sentence about the field (LblInfo, dark
 // red for a wrong value) and the bold remark behind it (LblSize).
-class ExplanationBar : public QFrame {
+class ExplanationBar : public SelfPlacingFrame {
     Q_OBJECT
 public:
     static const QColor kAlert;
@@ -18,16 +18,13 @@ public:
     explicit ExplanationBar(QWidget* parent = nullptr);
     void showExplanation(const Explanation& explanation);
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    bool event(QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    // The sentence from the left, the remark right behind it; the sentence gives up
+    // width first when both do not fit.
+    void placeChildren() override;
 
 private:
-    // The sentence from the left, the remark right behind it; the sentence gives up
-    // width first when both do not fit. A new text is laid out here and goes no higher.
-    void placeLabels();
     ElidedLabel* info_;
     ElidedLabel* remark_;
     bool alert_ = false;

@@ -1,11 +1,11 @@
 #include "mainwindow/statuspanels.h"
 
-#include <QEvent>
+#include <algorithm>
 
 namespace parlex::gui {
 
 StatusPanels::StatusPanels(const QString& name, int panels, int stretch, QWidget* parent)
-    : QFrame(parent), stretch_(stretch) {
+    : SelfPlacingFrame(parent), stretch_(stretch) {
     setObjectName(name);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     for (int i = 1; i <= panels; ++i) {
@@ -23,21 +23,7 @@ QSize StatusPanels::sizeHint() const {
     return {100, fontMetrics().height() + 2 * labels_.front()->frameWidth() + 2};
 }
 
-bool StatusPanels::event(QEvent* event) {
-    // A panel's new text asks its parent for a new layout: that is this bar alone.
-    if (event->type() == QEvent::LayoutRequest) {
-        placePanels();
-        return true;
-    }
-    return QFrame::event(event);
-}
-
-void StatusPanels::resizeEvent(QResizeEvent* event) {
-    QFrame::resizeEvent(event);
-    placePanels();
-}
-
-void StatusPanels::placePanels() {
+void StatusPanels::placeChildren() {
     const auto widthOf = [](const QLabel* l) {
         return l->minimumWidth() == l->maximumWidth()
                    ? l->minimumWidth()
@@ -50,8 +36,8 @@ void StatusPanels::placePanels() {
     int x = 0;
     for (std::size_t i = 0; i < labels_.size(); ++i) {
         QLabel* l = labels_[i];
-        const int w = static_cast<int>(i) + 1 == stretch_ ? std::max(16, width() - fixed)
-                                                          : widthOf(l);
+        const int w =
+            static_cast<int>(i) + 1 == stretch_ ? std::max(16, width() - fixed) : widthOf(l);
         l->setGeometry(x, 0, w, height());
         x += w + kSpacing;
     }

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QFrame>
+#include "mainwindow/selfplacingframe.h"
+
 #include <QLabel>
 #include <vector>
 
 namespace parlex::gui {
 
 // A status bar of numbered panels (from 1). Panel i is a label named "<bar>_<i>".
-// The bar places its panels itself: a new text in a panel is laid out within the
-// bar and never makes the whole window lay itself out again.
-class StatusPanels : public QFrame {
+// The bar places its panels itself, so a panel's new text is laid out within the bar.
+class StatusPanels : public SelfPlacingFrame {
 public:
     // `stretch` is the panel that takes the width the others leave (0: none).
     StatusPanels(const QString& name, int panels, int stretch, QWidget* parent = nullptr);
@@ -19,14 +19,11 @@ public:
     QLabel* label(int panel) const { return labels_.at(static_cast<std::size_t>(panel - 1)); }
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    bool event(QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void placeChildren() override;
 
 private:
-    void placePanels();
     std::vector<QLabel*> labels_;
     int stretch_;
     static constexpr int kSpacing = 2;
