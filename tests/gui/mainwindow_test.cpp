@@ -2,6 +2,7 @@
 // flows behind the menus are tested in the session.
 #include "explain/fieldlayout.h"
 #include "mainwindow/bytegrid.h"
+#include "mainwindow/helptext.h"
 #include "mainwindow/mainwindow.h"
 #include "scriptedprompts.h"
 #include "testutil.h"
@@ -179,8 +180,8 @@ void MainWindowTest::hoverPaintsTheField() {
         QCOMPARE(grid()->colour(i), marked.contains(i) ? ByteGrid::kHover : normal());
     for (int i = 0; i < 32; ++i) // what is shown is what is painted
         QCOMPARE(lbl(i)->palette().color(QPalette::Window), grid()->colour(i));
-    QVERIFY2(child<QLabel>("LblHelp")->text().startsWith(helpStart),
-             qPrintable(child<QLabel>("LblHelp")->text()));
+    QVERIFY2(child<HelpText>("LblHelp")->text().startsWith(helpStart),
+             qPrintable(child<HelpText>("LblHelp")->text()));
 }
 
 void MainWindowTest::pinIsYellowAndFollowsRecords() {
@@ -239,7 +240,7 @@ void MainWindowTest::longSentencesAreElidedWithTheirTextAsToolTip() {
 void MainWindowTest::theLongestHelpTextCanBeReadWhole() {
     QVERIFY(open(write("l.npc", testutil::script({1}))));
     auto* area = child<QScrollArea>("HelpArea");
-    auto* help = child<QLabel>("LblHelp");
+    auto* help = child<HelpText>("LblHelp");
     int tallestField = 0, tallest = 0;
     for (const auto& field : fieldTable()) {
         hoverOn(field.index);
@@ -386,15 +387,21 @@ void MainWindowTest::pathIsShortenedAtNarrowWidth() {
 }
 
 void MainWindowTest::helpLabelClicksCycleSizeAndAlignment() {
-    auto* help = child<QLabel>("LblHelp");
+    auto* help = child<HelpText>("LblHelp");
     const int startSize = help->font().pointSize();
     QTest::mouseClick(help, Qt::LeftButton); // no text yet: nothing happens
     QCOMPARE(help->font().pointSize(), startSize);
     QVERIFY(open(write("l.npc", testutil::script({1}))));
     QCOMPARE(startSize, 8);
+    hoverOn(0);
+    int height = help->heightForWidth(help->width());
     for (int expected : {10, 12, 14, 8}) {
         QTest::mouseClick(help, Qt::LeftButton);
         QCOMPARE(help->font().pointSize(), expected);
+        // the kept line breaking follows the font: larger text, more height
+        const int now = help->heightForWidth(help->width());
+        QVERIFY2(expected == 8 ? now < height : now > height, qPrintable(QString::number(now)));
+        height = now;
         QCOMPARE(win().session().options().helpFontSize, expected);
     }
     for (Qt::AlignmentFlag expected : {Qt::AlignRight, Qt::AlignHCenter, Qt::AlignLeft}) {

@@ -1,9 +1,9 @@
 #include "mainwindow/helppanel.h"
+#include "mainwindow/helptext.h"
 
 #include "codelists/resources.h"
 #include "explain/fieldlayout.h"
 
-#include <QLabel>
 #include <QMouseEvent>
 
 namespace parlex::gui {
@@ -24,11 +24,8 @@ HelpPanel::HelpPanel(QWidget* parent) : QScrollArea(parent) {
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    label_ = new QLabel(this);
+    label_ = new HelpText(this);
     label_->setObjectName("LblHelp");
-    label_->setWordWrap(true);
-    label_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    label_->setTextFormat(Qt::PlainText);
     label_->setMouseTracking(true);
     label_->installEventFilter(this);
     setWidget(label_);
@@ -36,9 +33,7 @@ HelpPanel::HelpPanel(QWidget* parent) : QScrollArea(parent) {
 }
 
 void HelpPanel::showFieldHelp(int fieldIndex) {
-    const QString text = helpOf(fieldIndex);
-    if (label_->text() != text)
-        label_->setText(text);
+    label_->setText(helpOf(fieldIndex));
 }
 
 void HelpPanel::setFontSize(int points) {
@@ -57,15 +52,13 @@ void HelpPanel::setAlignmentIndex(int index) {
 QSize HelpPanel::sizeHint() const {
     QFont f = label_->font();
     f.setPointSize(kSmallest);
-    const QFontMetrics metrics(f);
     // Until the area is laid out, the window's width is the best guess of its own.
     const int width = std::max({200, viewport()->width(), window()->width() - 16});
+    if (width == hintWidth_)
+        return {width, hintHeight_};
     int tallest = 0;
     for (const FieldInfo& field : fieldTable())
-        tallest = std::max(
-            tallest,
-            metrics.boundingRect(QRect(0, 0, width, 100000), Qt::TextWordWrap, helpOf(field.index))
-                .height());
+        tallest = std::max(tallest, HelpText::measure(helpOf(field.index), f, width));
     hintWidth_ = width;
     hintHeight_ = tallest + 2 * frameWidth() + 4;
     return {width, hintHeight_};

@@ -2,9 +2,9 @@
 
 #include <QScrollArea>
 
-class QLabel;
-
 namespace parlex::gui {
+
+class HelpText;
 
 // The help text of the field under the mouse (LblHelp), in an area that scrolls
 // when the text is longer than the area is high. A click on the text makes it
@@ -33,7 +33,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QLabel* label_;
+    HelpText* label_;
     mutable int hintWidth_ = -1; // the width the cached height was measured at
     mutable int hintHeight_ = 0;
     int fontSize_ = 8;
