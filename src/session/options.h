@@ -7,7 +7,7 @@ namespace parlex::session {
 struct Options {
     bool toolTips = false;    // hints on the grid, the help label and the slider
     bool showMessages = true; // the speech pane follows byte 14 of the record
-    bool animation = false;   // dialogs shrink away when they close
+    bool animation = false;   // set: dialogs close at once, without shrinking away
     int helpFontSize = 8;     // point size of the help text under the grid: 8-14
     int helpAlignment = 0;    // of the help text: 0 left, 1 right, 2 centre
 };

@@ -89,6 +89,8 @@ public:
     // "07:04 (03-04 as Word)": record, byte under the mouse, field. Empty until a
     // field was first shown; a position without a record leaves it as it was.
     QString positionText() const;
+    // The byte the position text names, once a field was shown.
+    std::optional<int> positionByte() const { return positionByte_; }
     // The field of the position text, while a field is shown.
     std::optional<int> shownField() const;
     // The sentence about the field shown, or "Запись не существует".

@@ -124,7 +124,7 @@ Result<void> setFieldValue(NpcRecord& record, int fieldIndex, std::uint32_t valu
     const auto width = editableFieldWidth(fieldIndex);
     if (!width)
         return fail(ErrorKind::Invalid, fieldRefusal(std::to_string(fieldIndex)));
-    const std::uint32_t limit = *width == FieldWidth::Word ? kMaxWordValue : kMaxByteValue;
+    const std::uint32_t limit = widthMaximum(*width);
     if (value > limit)
         return fail(ErrorKind::Invalid, "Значение " + std::to_string(value) +
                                             " не помещается в поле: допустимо от 0 до " +

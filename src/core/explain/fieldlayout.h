@@ -26,6 +26,11 @@ constexpr int byteCount(FieldWidth width) {
     return width == FieldWidth::Word ? 2 : width == FieldWidth::Byte ? 1 : 4;
 }
 
+// The greatest value a number typed into a Byte or a Word field may have.
+constexpr std::uint32_t widthMaximum(FieldWidth width) {
+    return width == FieldWidth::Word ? kMaxWordValue : kMaxByteValue;
+}
+
 struct FieldInfo {
     int index; // index of the field's first byte
     FieldWidth width;

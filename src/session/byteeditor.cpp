@@ -1,0 +1,164 @@
+#include "session/byteeditor.h"
+
+#include "entry/numberentry.h"
+#include "session/session.h"
+#include "text/hex.h"
+#include "text/numbers.h"
+
+namespace parlex::session {
+namespace {
+
+const EditableField& rowField(int row) {
+    return editableFields()[static_cast<std::size_t>(row)];
+}
+
+// Bytes 29-32 are one field on the grid: the help text and the mark are theirs.
+constexpr int kSharedHelpField = 28;
+
+} // namespace
+
+std::optional<ByteEditor> ByteEditor::open(Session& session, std::optional<int> byteIndex) {
+    if (!session.currentRecord())
+        return std::nullopt;
+    const int byte = byteIndex.value_or(session.positionByte().value_or(0));
+    return ByteEditor(session, byte >= 0 && byte < static_cast<int>(kRecordSize) ? byte : 0);
+}
+
+ByteEditor::ByteEditor(Session& session, int byteIndex)
+    : session_(&session), recordIndex_(session.position() - 1), copy_(*session.currentRecord()),
+      hoverMode_(session.mark() == FieldMark::Hover &&
+                 fieldAt(session.markedByte()).contains(byteIndex)) {
+    // The field under the byte is chosen once by the program; the user goes on from it.
+    selectRow(entry::rowOfByte(byteIndex));
+}
+
+// ---------------------------------------------------------------- the field
+
+void ByteEditor::selectRow(int row) {
+    row_ = row >= 0 && row < static_cast<int>(editableFields().size()) ? row : 0;
+    refreshGrid();
+    if (!entry_.empty())
+        validate(); // the limit may have changed with the mode
+}
+
+int ByteEditor::field() const {
+    return rowField(row_).index;
+}
+
+FieldWidth ByteEditor::mode() const {
+    return rowField(row_).width;
+}
+
+int ByteEditor::helpField() const {
+    return std::min(field(), kSharedHelpField);
+}
+
+std::string ByteEditor::caption() const {
+    return "Запись " + text::zeroPadded(static_cast<unsigned>(recordIndex_ + 1), 2) + " : " +
+           entry::rowText(rowField(row_));
+}
+
+std::string ByteEditor::currentHex() const {
+    const auto start = copy_.begin() + field();
+    return text::hexBytes({start, start + byteCount(mode())});
+}
+
+std::uint32_t ByteEditor::currentValue() const {
+    std::uint32_t value = copy_[static_cast<std::size_t>(field())];
+    if (mode() == FieldWidth::Word)
+        value |= static_cast<std::uint32_t>(copy_[static_cast<std::size_t>(field() + 1)]) << 8;
+    return value;
+}
+
+// The mark and the explanation on the main window follow the chosen field, the way
+// the grid was working when the editor opened: following the mouse, or pinned.
+void ByteEditor::refreshGrid() {
+    if (hoverMode_)
+        session_->hover(field());
+    else
+        session_->press(field(), false);
+}
+
+// ---------------------------------------------------------------- the entry
+
+bool ByteEditor::setEntry(const std::string& text) {
+    if (text.empty()) {
+        entry_.clear(); // the colour stays as it was
+        return true;
+    }
+    if (!entry::isPlainNumber(text) && !entry::looksNumeric(text)) {
+        entry_.clear();
+        return false;
+    }
+    entry_ = text;
+    validate();
+    return true;
+}
+
+void ByteEditor::validate() {
+    outOfRange_ = entry::outOfRange(entry_, mode());
+}
+
+std::string ByteEditor::entryMeaning() const {
+    const auto value = entry::encodableValue(entry_, mode());
+    if (!value || !listForField(field()))
+        return {};
+    return session_->codeLists().lookupCode(field(), *value);
+}
+
+ByteEditor::Encoding ByteEditor::encode(FieldWidth mode) {
+    if (mode != this->mode())
+        return Encoding::Ignored;
+    const auto value = entry::encodableValue(entry_, mode);
+    if (entry_.empty() || outOfRange_ || !value)
+        return Encoding::Refused;
+    encodedValue_ = value;
+    encoded_ = entry::encoded(*value, mode);
+    return Encoding::Encoded;
+}
+
+std::optional<std::string> ByteEditor::offeredMaximum(FieldWidth mode) const {
+    if (mode != this->mode())
+        return std::nullopt;
+    return std::to_string(widthMaximum(mode));
+}
+
+ByteEditor::Encoding ByteEditor::enterMaximum(FieldWidth mode) {
+    const auto offered = offeredMaximum(mode);
+    if (!offered)
+        return Encoding::Ignored;
+    setEntry(*offered);
+    return encode(mode);
+}
+
+// ---------------------------------------------------------------- the copy and the record
+
+const NpcRecord* ByteEditor::record() const {
+    const NpcFile* script = session_->script();
+    return script ? script->recordAt(recordIndex_ + 1) : nullptr;
+}
+
+bool ByteEditor::canReplace() const {
+    return encodedValue_.has_value() && encoded_.size() == entry::encodedLength(mode());
+}
+
+void ByteEditor::replace() {
+    if (!canReplace() || !setFieldValue(copy_, field(), *encodedValue_))
+        return;
+    selectRow(row_);
+    const NpcRecord* shown = record();
+    applyPending_ = shown && *shown != copy_;
+}
+
+bool ByteEditor::apply() {
+    if (!applyPending_)
+        return false;
+    if (!record())
+        return false;
+    session_->editRecord(static_cast<std::size_t>(recordIndex_), copy_);
+    refreshGrid();
+    applyPending_ = false;
+    return true;
+}
+
+} // namespace parlex::session

@@ -1,0 +1,105 @@
+// Typing a value for a field: keys, range, encoding and the rows of the chooser.
+#include "entry/numberentry.h"
+
+#include <gtest/gtest.h>
+
+namespace parlex::entry {
+namespace {
+
+constexpr FieldWidth B = FieldWidth::Byte;
+constexpr FieldWidth W = FieldWidth::Word;
+
+TEST(NumberEntry, KeysPassDigitsAndBackspaceEncodeOnEnterAndDropTheRest) {
+    const struct {
+        char32_t key;
+        KeyEffect effect;
+    } cases[] = {
+        {'0', KeyEffect::Pass},  {'9', KeyEffect::Pass},  {8, KeyEffect::Pass},
+        {13, KeyEffect::Encode}, {'/', KeyEffect::Drop},  {':', KeyEffect::Drop},
+        {22, KeyEffect::Drop},   {'-', KeyEffect::Drop},  {' ', KeyEffect::Drop},
+        {U'ф', KeyEffect::Drop}, {U'٣', KeyEffect::Drop}, // another script's digit
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(keyEffect(c.key), c.effect) << static_cast<std::uint32_t>(c.key);
+}
+
+TEST(NumberEntry, RangeByLengthAndByValue) {
+    const struct {
+        const char* text;
+        FieldWidth mode;
+        bool out;
+    } cases[] = {
+        {"0", B, false},
+        {"255", B, false},
+        {"256", B, true},
+        {"000", B, false},
+        {"0255", B, true}, // by its four characters
+        {"65535", W, false},
+        {"65536", W, true},
+        {"000255", W, true},
+        {"300", W, false},
+        {"300", B, true},
+        {"99999", W, true},
+        {"4294967296", W, true},
+        // numbers of other forms are kept but never encoded
+        {"+5", B, true},
+        {"1.5", W, true},
+        {" 7", B, true},
+        {"&HFF", B, true},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(outOfRange(c.text, c.mode), c.out) << c.text;
+        EXPECT_EQ(encodableValue(c.text, c.mode).has_value(), !c.out) << c.text;
+    }
+}
+
+TEST(NumberEntry, WhatLooksNumericIsKeptAndTheRestIsRefused) {
+    for (const char* yes : {"12", " 12 ", "+3", "-3", "1.5", ".5", "1e3", "2D-1", "&HFF", "&o17"})
+        EXPECT_TRUE(looksNumeric(yes)) << yes;
+    for (const char* no : {"", "abc", "1a", "--1", "1e", "&H", "&HG1", "&O8", "1.2.3", "."})
+        EXPECT_FALSE(looksNumeric(no)) << no;
+}
+
+TEST(NumberEntry, EncodingLowByteFirst) {
+    const struct {
+        std::uint32_t value;
+        FieldWidth mode;
+        const char* text;
+    } cases[] = {
+        {0, B, "00"},      {10, B, "0A"},     {255, B, "FF"},
+        {0, W, "00 00"},   {10, W, "0A 00"},  {255, W, "FF 00"},
+        {256, W, "00 01"}, {268, W, "0C 01"}, {65535, W, "FF FF"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(encoded(c.value, c.mode), c.text) << c.value;
+        EXPECT_EQ(encoded(c.value, c.mode).size(), encodedLength(c.mode));
+    }
+}
+
+TEST(NumberEntry, RowsOfTheFieldChooser) {
+    const struct {
+        int row;
+        const char* text;
+        int field;
+    } rows[] = {
+        {0, "Байты 01-02", 0},   {3, "Байты 07-08", 6},   {4, "Байт 09", 8},   {15, "Байт 20", 19},
+        {16, "Байты 21-22", 20}, {19, "Байты 27-28", 26}, {20, "Байт 29", 28}, {23, "Байт 32", 31},
+    };
+    ASSERT_EQ(editableFields().size(), 24u);
+    for (const auto& r : rows) {
+        const EditableField& field = editableFields()[static_cast<std::size_t>(r.row)];
+        EXPECT_EQ(rowText(field), r.text);
+        EXPECT_EQ(field.index, r.field);
+    }
+}
+
+TEST(NumberEntry, EveryByteOpensTheRowOfItsField) {
+    // the second byte of a Word opens the Word's row; bytes 29-32 have their own rows
+    const int expected[32] = {0,  0,  1,  1,  2,  2,  3,  3,  4,  5,  6,  7,  8,  9,  10, 11,
+                              12, 13, 14, 15, 16, 16, 17, 17, 18, 18, 19, 19, 20, 21, 22, 23};
+    for (int byte = 0; byte < 32; ++byte)
+        EXPECT_EQ(rowOfByte(byte), expected[byte]) << byte;
+}
+
+} // namespace
+} // namespace parlex::entry
