@@ -61,9 +61,10 @@ private:
             ++unexpected;
             return std::nullopt;
         }
-        auto f = files.front();
+        std::optional<FileChoice> chosen;
+        chosen.swap(files.front());
         files.pop_front();
-        return f;
+        return chosen;
     }
 };
 

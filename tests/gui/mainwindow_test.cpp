@@ -4,8 +4,7 @@
 #include "mainwindow/bytegrid.h"
 #include "mainwindow/helptext.h"
 #include "mainwindow/mainwindow.h"
-#include "scriptedprompts.h"
-#include "testutil.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QApplication>
@@ -26,7 +25,7 @@ using namespace parlex::gui;
 using testutil::ScriptedPrompts;
 using Answer = session::UserPrompts::Answer;
 
-class MainWindowTest : public QObject {
+class MainWindowTest : public testutil::WindowTest {
     Q_OBJECT
 private slots:
     void init();
@@ -52,51 +51,17 @@ private slots:
     void helpWithoutFileSaysSo();
 
 private:
-    struct Fixture {
-        testutil::TempDir dir;
-        ScriptedPrompts prompts;
-        std::unique_ptr<MainWindow> window;
-    };
-    std::unique_ptr<Fixture> f;
-
-    MainWindow& win() { return *f->window; }
-    template <typename T = QWidget> T* child(const QString& name) {
-        return win().findChild<T*>(name);
-    }
-    QAction* act(const QString& name) { return win().findChild<QAction*>(name); }
     QString panel(const QString& bar, int i) {
         return child<QLabel>(bar + "_" + QString::number(i))->text();
     }
-    QLabel* lbl(int i) { return child<QLabel>("Lbl" + QString::number(i)); }
-    ByteGrid* grid() { return child<ByteGrid>("Frame"); }
-    QString info() { return child<QLabel>("LblInfo")->text(); }
     QColor normal() { return grid()->palette().color(QPalette::Button); }
-
-    QString write(const std::string& name, const std::vector<std::uint8_t>& bytes) {
-        testutil::writeBytes(f->dir / name, bytes);
-        return QString::fromStdString((f->dir / name).string());
-    }
-    bool open(const QString& path) { return win().session().openPath(path.toStdString()); }
-    void hoverOn(int index) {
-        QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), lbl(index)->mapToGlobal(QPointF(3, 3)),
-                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(lbl(index), &move);
-    }
-    void clickOn(int index, Qt::MouseButton button) {
-        QTest::mousePress(lbl(index), button, Qt::NoModifier, QPoint(3, 3));
-    }
     void padKey(Qt::Key key, Qt::KeyboardModifiers mods = Qt::NoModifier, QWidget* to = nullptr) {
         QTest::keyClick(to ? to : &win(), key, mods | Qt::KeypadModifier);
     }
-    bool changed() { return win().session().script()->isChanged(); }
 };
 
 void MainWindowTest::init() {
-    f = std::make_unique<Fixture>();
-    f->window = std::make_unique<MainWindow>(f->prompts, f->dir.path());
-    win().show();
-    win().activateWindow();
-    QVERIFY(QTest::qWaitForWindowExposed(&win()));
+    makeWindow();
 }
 
 void MainWindowTest::cleanup() {

@@ -1,5 +1,6 @@
 #include "mainwindow/mainwindow.h"
 
+#include "editor/editdialog.h"
 #include "explain/fieldlayout.h"
 #include "mainwindow/bytegrid.h"
 #include "mainwindow/explanationbar.h"
@@ -137,14 +138,11 @@ void MainWindow::wireMenus() {
     };
     for (const auto& [name, run] : commands)
         connect(menus_->action(name), &QAction::triggered, this, run);
-    const std::pair<const char*, ListKey> lists[] = {
-        {"nReact", ListKey::R}, {"nAction", ListKey::A}, {"nTrig", ListKey::T},
-        {"nName", ListKey::N},  {"nItem", ListKey::I},   {"nIq", ListKey::Qi},
-        {"nOq", ListKey::Qo}};
-    for (const auto& [name, key] : lists)
+    for (const auto& [name, key] : kListMenus)
         connect(menus_->action(name), &QAction::triggered, this, [this, k = key] { showList(k); });
-    // The byte editor and the options dialog come in later steps: no control that
-    // does nothing may look as if it worked.
+    connect(menus_->action("nEdit"), &QAction::triggered, this, [this] { openEditor({}); });
+    // The options dialog comes in a later step: no control that does nothing may
+    // look as if it worked.
     menus_->action("nOptions")->setEnabled(false);
 }
 
@@ -152,6 +150,7 @@ void MainWindow::wireSession() {
     using S = session::Session;
     connect(slider_, &QSlider::valueChanged, &session_, &S::setPosition);
     connect(grid_, &ByteGrid::hovered, &session_, &S::hover);
+    connect(grid_, &ByteGrid::doubleClicked, this, [this](int index) { openEditor(index); });
     connect(grid_, &ByteGrid::pressed, this, [this](int index, Qt::MouseButton button) {
         session_.press(index, button == Qt::RightButton);
     });
@@ -219,12 +218,11 @@ void MainWindow::updateCommands() {
         menus_->action(name)->setEnabled(open);
     menus_->action("nBack")->setEnabled(open && position > 1);
     menus_->action("nNext")->setEnabled(open && position < kPositions);
-    for (const char* name : {"nCopy", "nDel", "nDelStand"})
+    for (const char* name : {"nEdit", "nCopy", "nDel", "nDelStand"})
         menus_->action(name)->setEnabled(shown);
     menus_->action("nPaste")->setEnabled(shown && session_.recordBuffer().isFilled());
     menus_->action("nUndo")->setEnabled(session_.canUndo());
     menus_->action("nRedo")->setEnabled(session_.canRedo());
-    menus_->action("nEdit")->setEnabled(false); // the byte editor comes in a later step
 }
 
 void MainWindow::updatePathPanel() {
@@ -265,6 +263,23 @@ void MainWindow::showList(ListKey key) {
     list_->addItems(items);
     list_->setUpdatesEnabled(true);
     QApplication::restoreOverrideCursor();
+}
+
+void MainWindow::showFieldHelp(int fieldIndex) {
+    help_->showFieldHelp(fieldIndex);
+}
+
+QString MainWindow::menuCaption(const char* name) const {
+    return menus_->action(name)->text();
+}
+
+void MainWindow::openEditor(std::optional<int> byteIndex) {
+    auto editor = session::ByteEditor::open(session_, byteIndex);
+    if (!editor)
+        return;
+    auto* dialog = new EditDialog(*this, std::move(*editor));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open(); // modal; the window takes no input until it closes
 }
 
 void MainWindow::openHelp() {

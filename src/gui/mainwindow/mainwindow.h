@@ -1,13 +1,14 @@
 #pragma once
 
+#include "app/clipboardguard.h"
 #include "codelists/codelist.h"
-#include "mainwindow/clipboardguard.h"
 #include "mainwindow/keymap.h"
 #include "session/session.h"
 
 #include <QMainWindow>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 class QLabel;
 class QListWidget;
@@ -36,7 +37,15 @@ public:
     // Where key events' native codes come from; set from the platform at start.
     void setKeySource(KeySource source) { keySource_ = source; }
 
+    session::UserPrompts& prompts() { return prompts_; }
+
     void showList(ListKey key);
+    QListWidget* codeList() const { return list_; }
+    void showFieldHelp(int fieldIndex);
+    QString menuCaption(const char* name) const;
+    // The byte editor on a byte of the current record, or on the byte of the
+    // position text; nothing happens while no record is shown.
+    void openEditor(std::optional<int> byteIndex);
     void openHelp();
     void showAbout();
 

@@ -1,4 +1,4 @@
-#include "mainwindow/clipboardguard.h"
+#include "app/clipboardguard.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

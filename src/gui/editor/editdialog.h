@@ -1,0 +1,79 @@
+#pragma once
+
+#include "app/clipboardguard.h"
+#include "codelists/listkey.h"
+#include "session/byteeditor.h"
+
+#include <QDialog>
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QMenu;
+class QPushButton;
+class QRadioButton;
+class QScrollBar;
+
+namespace parlex::gui {
+
+class MainWindow;
+
+// Where the editor opens: centred on the main window, and brought back when its
+// left or top edge lies beyond the screen (the far edges may stick out).
+QPoint editorPosition(const QRect& mainWindow, const QSize& dialog, const QRect& screen);
+
+// The byte editor (Edit): one field of the current record changed by decimal entry.
+// It shows what its ByteEditor model holds and hands it what the user does; the
+// code lists it offers appear in the main window's list, which VS scrolls.
+class EditDialog : public QDialog {
+    Q_OBJECT
+public:
+    EditDialog(MainWindow& main, session::ByteEditor editor);
+    const session::ByteEditor& model() const { return editor_; }
+
+    void done(int result) override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void build();
+    void showModel(); // everything from the model
+    void selectRow(int row);
+    void entryEdited(const QString& text);
+    void encode(FieldWidth mode);
+    void replace();
+    void apply();
+    void showCodes(ListKey key);
+    void takeListPosition();
+    void offerMaximum(FieldWidth mode, Qt::MouseButton button);
+    void hoverMaximum(QLabel* label, FieldWidth mode);
+    void resetHover(bool imageBorder);
+    void popUpCodes();
+    bool previewKey(QKeyEvent* key);
+    bool filterEntryKey(QKeyEvent* key);
+
+    MainWindow& main_;
+    session::ByteEditor editor_;
+    ClipboardGuard clipboard_; // only the numbers this dialog put there
+    bool closing_ = false;
+
+    QListWidget* list_ = nullptr;
+    QLabel* hex_ = nullptr;     // L_H
+    QLabel* decimal_ = nullptr; // L_D
+    QLabel* image_ = nullptr;   // Img
+    QScrollBar* scroll_ = nullptr;
+    QLineEdit* entry_ = nullptr;
+    QLabel* meaning_ = nullptr;
+    QRadioButton* word_ = nullptr;
+    QRadioButton* byte_ = nullptr;
+    QLabel* encoded_ = nullptr; // Lbl3
+    QLabel* maxWord_ = nullptr; // Lbl4
+    QLabel* maxByte_ = nullptr; // Lbl5
+    QPushButton* replace_ = nullptr;
+    QPushButton* apply_ = nullptr;
+    QPushButton* close_ = nullptr;
+    QMenu* popup_ = nullptr;
+};
+
+} // namespace parlex::gui

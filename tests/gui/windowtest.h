@@ -1,0 +1,61 @@
+#pragma once
+
+// A main window over a temporary folder, answered by a script, with the ways the
+// GUI tests look at it and drive it.
+#include "mainwindow/bytegrid.h"
+#include "mainwindow/mainwindow.h"
+#include "scriptedprompts.h"
+#include "testutil.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QTest>
+#include <memory>
+
+namespace testutil {
+
+class WindowTest : public QObject {
+protected:
+    struct Fixture {
+        TempDir dir;
+        ScriptedPrompts prompts;
+        std::unique_ptr<parlex::gui::MainWindow> window;
+    };
+    std::unique_ptr<Fixture> f;
+
+    void makeWindow() {
+        f = std::make_unique<Fixture>();
+        f->window = std::make_unique<parlex::gui::MainWindow>(f->prompts, f->dir.path());
+        win().show();
+        win().activateWindow();
+        QVERIFY(QTest::qWaitForWindowExposed(&win()));
+    }
+
+    parlex::gui::MainWindow& win() { return *f->window; }
+    template <typename T = QWidget> T* child(const QString& name) {
+        return win().findChild<T*>(name);
+    }
+    QAction* act(const QString& name) { return win().findChild<QAction*>(name); }
+    QLabel* lbl(int i) { return child<QLabel>("Lbl" + QString::number(i)); }
+    parlex::gui::ByteGrid* grid() { return child<parlex::gui::ByteGrid>("Frame"); }
+    QString info() { return child<QLabel>("LblInfo")->text(); }
+
+    QString write(const std::string& name, const std::vector<std::uint8_t>& bytes) {
+        writeBytes(f->dir / name, bytes);
+        return QString::fromStdString((f->dir / name).string());
+    }
+    bool open(const QString& path) { return win().session().openPath(path.toStdString()); }
+    void hoverOn(int index) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), lbl(index)->mapToGlobal(QPointF(3, 3)),
+                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(lbl(index), &move);
+    }
+    void clickOn(int index, Qt::MouseButton button) {
+        QTest::mousePress(lbl(index), button, Qt::NoModifier, QPoint(3, 3));
+    }
+    bool changed() { return win().session().script()->isChanged(); }
+};
+
+} // namespace testutil
