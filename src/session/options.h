@@ -10,6 +10,8 @@ struct Options {
     bool animation = false;   // set: dialogs close at once, without shrinking away
     int helpFontSize = 8;     // point size of the help text under the grid: 8-14
     int helpAlignment = 0;    // of the help text: 0 left, 1 right, 2 centre
+    bool findEdtName = true;  // a script opened names its speech file (053.npc -> 053.EDT)
+    bool autoLoad = false;    // ... and that speech file is opened with it
 };
 
 } // namespace parlex::session

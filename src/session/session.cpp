@@ -34,21 +34,11 @@ bool samePath(const std::filesystem::path& a, const std::filesystem::path& b) {
 const std::vector<UserPrompts::Filter> kOpenFilters = {{"*.npc", "*.npc"},
                                                        {"все файлы (*.*)", "*"}};
 
-// The chosen path, with the chosen filter's extension added to a name that has none.
-std::filesystem::path withSuffix(const UserPrompts::FileChoice& choice,
-                                 const UserPrompts::FileRequest& request) {
-    std::filesystem::path path = fsPath(choice.path);
-    const auto index = static_cast<std::size_t>(choice.filterIndex - 1);
-    if (index < request.filters.size() && !request.filters[index].defaultSuffix.isEmpty() &&
-        !path.has_extension())
-        path += "." + request.filters[index].defaultSuffix.toStdString();
-    return path;
-}
-
 } // namespace
 
 Session::Session(UserPrompts& prompts, std::filesystem::path programDir, QObject* parent)
-    : QObject(parent), prompts_(prompts), programDir_(std::move(programDir)), lists_(programDir_) {
+    : QObject(parent), prompts_(prompts), programDir_(std::move(programDir)), lists_(programDir_),
+      speech_(prompts, options_, programDir_) {
     // Queued: the check may reload the script, which changes what is watched.
     connect(&watcher_, &QFileSystemWatcher::fileChanged, this, &Session::checkDisk,
             Qt::QueuedConnection);
@@ -84,7 +74,7 @@ bool Session::start(const QStringList& arguments, const QString& programName) {
 }
 
 bool Session::queryClose() {
-    return askSaveScript() == Ask::Continue;
+    return speech_.askSave() && askSaveScript() == Ask::Continue;
 }
 
 void Session::shutdown() {
@@ -99,11 +89,7 @@ void Session::shutdown() {
 // ---------------------------------------------------------------- script flows
 
 void Session::showError(const Error& error) {
-    const bool refusal = error.kind == ErrorKind::TooSmall || error.kind == ErrorKind::TooLarge ||
-                         error.kind == ErrorKind::ReadOnlyDrive ||
-                         error.kind == ErrorKind::Invalid || error.kind == ErrorKind::Exists;
-    prompts_.message(refusal ? Icon::Exclamation : Icon::Critical,
-                     error.title.empty() ? kTitle : q(error.title), q(error.message));
+    prompts_.tell(error);
 }
 
 QString Session::startFolder() const {
@@ -135,11 +121,15 @@ bool Session::open() {
         {"ОТКРЫТИЕ NPC ФАЙЛА", startFolder(), q(lastPath_.filename()), kOpenFilters, 1});
     if (!choice)
         return false;
-    return load(fsPath(choice->path));
+    return openPath(fsPath(choice->path));
 }
 
+// A script opened, not reloaded, brings its speech file along.
 bool Session::openPath(const std::filesystem::path& path) {
-    return load(path);
+    if (!load(path))
+        return false;
+    speech_.followScript(path);
+    return true;
 }
 
 bool Session::load(const std::filesystem::path& path) {
@@ -196,17 +186,8 @@ Session::SaveOutcome Session::saveAs() {
                                            npc_->isNew() ? QString() : q(npc_->title()),
                                            {{"*.NPC", "*.npc", "npc"}, {"Все файлы", "*"}},
                                            1};
-    for (;;) {
-        auto choice = prompts_.saveFile(request);
-        if (!choice)
-            return SaveOutcome::Cancelled;
-        const auto path = withSuffix(*choice, request);
-        if (platform::driveKind(path) == platform::DriveKind::ReadOnly) {
-            showError(platform::readOnlyDriveError(path, true));
-            continue; // the dialog returns until a writable place is chosen
-        }
-        return writeTo(path);
-    }
+    const auto target = prompts_.saveTarget(request);
+    return target ? writeTo(target->path) : SaveOutcome::Cancelled;
 }
 
 // Writes the script and reads it back, so that what is shown is what the disk holds.
@@ -260,34 +241,31 @@ void Session::convertLayout() {
         q(sourcePath.filename()),
         {{"Buka: АВ", "*.npc", "npc"}, {"Ja2:eng.,UB:eng.&rus.", "*.npc", "npc"}},
         from == NpcFileType::Ja ? 2 : 1};
-    for (;;) {
-        auto target = prompts_.saveFile(request);
-        if (!target)
-            return;
-        const auto targetPath = withSuffix(*target, request);
-        const NpcFileType to = target->filterIndex == 1 ? NpcFileType::Ja : NpcFileType::Ub;
-        if (platform::driveKind(targetPath) == platform::DriveKind::ReadOnly) {
-            showError(platform::readOnlyDriveError(targetPath, true));
-            continue;
-        }
-        if (auto allowed = npcformat::checkConversion(from, to); !allowed) {
-            showError(allowed.error()); // nothing to convert: say so and ask again
-            continue;
-        }
-        if (auto done = npcformat::convertFile(sourcePath, targetPath, to); !done) {
-            showError(done.error());
-            return;
-        }
-        if (!npc_ || npc_->isNew() || !samePath(npc_->path(), targetPath))
-            return;
-        // Our own write onto the open file is no news from another program.
-        acknowledgeDisk();
-        if (prompts_.question(
-                kTitle, "Формат файла\n" + q(targetPath) + " был изменен.\nЗагрузить файл заново?",
-                false) == Answer::Yes)
-            load(npc_->path());
+    const auto layoutOf = [](const UserPrompts::SaveTarget& t) {
+        return t.filterIndex == 1 ? NpcFileType::Ja : NpcFileType::Ub;
+    };
+    // Nothing to convert into the same layout: said, and the dialog comes back.
+    const auto target =
+        prompts_.saveTarget(request, [&](const UserPrompts::SaveTarget& t) -> std::optional<Error> {
+            if (auto allowed = npcformat::checkConversion(from, layoutOf(t)); !allowed)
+                return allowed.error();
+            return std::nullopt;
+        });
+    if (!target)
+        return;
+    const auto& targetPath = target->path;
+    if (auto done = npcformat::convertFile(sourcePath, targetPath, layoutOf(*target)); !done) {
+        showError(done.error());
         return;
     }
+    if (!npc_ || npc_->isNew() || !samePath(npc_->path(), targetPath))
+        return;
+    // Our own write onto the open file is no news from another program.
+    acknowledgeDisk();
+    if (prompts_.question(
+            kTitle, "Формат файла\n" + q(targetPath) + " был изменен.\nЗагрузить файл заново?",
+            false) == Answer::Yes)
+        load(npc_->path());
 }
 
 void Session::showCurrentInfo() {
@@ -374,6 +352,11 @@ void Session::showField(int byteIndex, FieldMark mark) {
     positionRecord_ = position_;
     mark_ = mark;
     markedByte_ = byteIndex;
+    // Byte 14 names the first phrase of the record: the speech pane shows it.
+    constexpr int kPhraseFirstField = 13;
+    if (fieldStart(byteIndex).fieldIndex == kPhraseFirstField)
+        if (const auto phrase = explanation().phrase)
+            speech_.showPhrase(*phrase);
     emit fieldShown();
 }
 
@@ -426,7 +409,7 @@ std::optional<int> Session::shownField() const {
 
 Explanation Session::explanation() const {
     const ExplainContext context{npc_ ? std::optional(npc_->type()) : std::nullopt, &lists_,
-                                 options_.showMessages, 0};
+                                 options_.showMessages, speech_.lastPhrase()};
     if (npc_ && noRecordShown_)
         return explain(nullptr, 0, context);
     const auto field = shownField();

@@ -6,6 +6,7 @@
 #include "npc/npcfile.h"
 #include "platform/files.h"
 #include "session/options.h"
+#include "session/speechdocument.h"
 #include "session/userprompts.h"
 
 #include <QFileSystemWatcher>
@@ -45,13 +46,16 @@ public:
     const std::filesystem::path& programDir() const { return programDir_; }
     Options& options() { return options_; }
     const Options& options() const { return options_; }
+    SpeechDocument& speech() { return speech_; }
+    const SpeechDocument& speech() const { return speech_; }
 
     // ------------------------------------------------------------ start and end
     // The words of the command line (without the program's name). A script of the
     // right size is opened; a help switch shows the usage and returns false: the
     // program is to end at once.
     bool start(const QStringList& arguments, const QString& programName);
-    // The save questions before the program ends; false keeps it running.
+    // The save questions before the program ends, the speech file's first; false
+    // keeps it running.
     bool queryClose();
     // Lets go of everything at the end: the record buffer, the history, the watch.
     void shutdown();
@@ -144,6 +148,7 @@ private:
     std::filesystem::path programDir_;
     CodeLists lists_;
     Options options_;
+    SpeechDocument speech_;
     std::optional<NpcFile> npc_;
     std::filesystem::path lastPath_;
     RecordBuffer buffer_;

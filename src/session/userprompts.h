@@ -1,7 +1,11 @@
 #pragma once
 
+#include "common/error.h"
+
 #include <QString>
 #include <QStringList>
+#include <filesystem>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -42,6 +46,31 @@ public:
     virtual std::optional<FileChoice> saveFile(const FileRequest& request) = 0;
     virtual void about(const QString& title, const QString& text) = 0;
     virtual void beep() = 0;
+
+    struct SaveTarget {
+        std::filesystem::path path;
+        int filterIndex = 1;
+    };
+    // The save dialog until a writable place is chosen: a read-only medium, and
+    // whatever `refusal` objects to, is refused with its message and the dialog comes
+    // back. A name typed without an extension gets the chosen filter's. Nothing when
+    // the user cancels.
+    std::optional<SaveTarget>
+    saveTarget(const FileRequest& request,
+               const std::function<std::optional<Error>(const SaveTarget&)>& refusal = {});
+
+    // An error as its message box: a refusal (a size, a read-only drive, a value)
+    // with the exclamation mark, a failure of the system with the critical sign.
+    void tell(const Error& error) {
+        const bool refusal = error.kind == ErrorKind::TooSmall ||
+                             error.kind == ErrorKind::TooLarge ||
+                             error.kind == ErrorKind::ReadOnlyDrive ||
+                             error.kind == ErrorKind::Invalid || error.kind == ErrorKind::Exists;
+        message(
+            refusal ? Icon::Exclamation : Icon::Critical,
+            QString::fromStdString(error.title.empty() ? std::string(kMessageTitle) : error.title),
+            QString::fromStdString(error.message));
+    }
 };
 
 } // namespace parlex::session

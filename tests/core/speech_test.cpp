@@ -1,3 +1,4 @@
+#include "speech/companion.h"
 #include "speech/decompiler.h"
 #include "speech/edtfile.h"
 #include "speech/edtsummary.h"
@@ -327,3 +328,30 @@ TEST(Summary, PropertiesWindowNumbers) {
 }
 
 } // namespace
+
+TEST(Companion, NameOfTheSpeechFileBesideTheScript) {
+    const struct {
+        const char* script;
+        const char* companion;
+    } cases[] = {
+        {"/mod/053.npc", "/mod/053.EDT"}, {"/mod/053.NPC", "/mod/053.EDT"},
+        {"/mod/a.Npc", "/mod/a.EDT"},     {"/mod/053.bin", "/mod/053.bin.EDT"},
+        {"/mod/abc", "/mod/abc.EDT"},     {"/mod/x.npcx", "/mod/x.npcx.EDT"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(parlex::companionPath(c.script), std::filesystem::path(c.companion)) << c.script;
+}
+
+TEST(Companion, FoundWhateverTheCaseOfItsExtension) {
+    testutil::TempDir dir;
+    const auto script = dir / "053.npc";
+    EXPECT_EQ(parlex::findCompanion(script), std::nullopt);
+    testutil::writeBytes(dir / "053.edt", {});
+    testutil::writeBytes(dir / "054.EDT", {});
+    testutil::writeBytes(dir / "53.edt", {});
+    EXPECT_EQ(parlex::findCompanion(script), dir / "053.edt");
+    testutil::writeBytes(dir / "053.EDT", {});
+    EXPECT_EQ(parlex::findCompanion(script), dir / "053.EDT") << "the exact name first";
+    std::filesystem::create_directory(dir / "055.EDT");
+    EXPECT_EQ(parlex::findCompanion(dir / "055.npc"), std::nullopt) << "a folder is no file";
+}

@@ -110,17 +110,6 @@ TEST_F(SessionTest, SaveAsAddsTheExtensionAndReloadsInTheNewLayout) {
     EXPECT_EQ(prompts.messages.back().text, QString("Тип файла:\nАгония Власти\nЗаписей: 1"));
 }
 
-// A read-only mount of this machine, if it has one.
-std::string readOnlyFolder() {
-    std::ifstream mounts("/proc/self/mounts");
-    std::string device, dir, type, options, rest;
-    while (mounts >> device >> dir >> type >> options && std::getline(mounts, rest))
-        if ((options.starts_with("ro,") || options == "ro") && std::filesystem::is_directory(dir) &&
-            platform::driveKind(dir) == platform::DriveKind::ReadOnly)
-            return dir;
-    return {};
-}
-
 TEST_F(SessionTest, ReadOnlyDriveSaysSoAndAsksAgain) {
     const std::string readOnly = readOnlyFolder();
     if (readOnly.empty())

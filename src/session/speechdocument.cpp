@@ -1,0 +1,273 @@
+#include "session/speechdocument.h"
+
+#include "platform/files.h"
+#include "session/options.h"
+#include "speech/companion.h"
+#include "text/numbers.h"
+
+#include <QRegularExpression>
+
+namespace parlex::session {
+namespace {
+
+using Answer = UserPrompts::Answer;
+
+QString q(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+// The open dialog's filters, in the order of the kinds' filter indexes.
+const std::vector<UserPrompts::Filter> kOpenFilters = {
+    {"Диалоги НПЦ (<3номера>.EDT)", "*.edt"},
+    {"Гражд.(<CIV+2н.>.EDTили <сектор>.EDT)", "*.edt"},
+    {"Комменнтарии НПЦ (<D_+3номера>.EDT)", "*.edt"},
+};
+
+struct KindTexts {
+    EdtKind kind;
+    const char* saveFilter; // the first filter of the save dialog
+    const char* newName;    // what the save dialog proposes for a new document
+};
+constexpr KindTexts kKindTexts[] = {
+    {EdtKind::NpcDialogues, "(Диалоги НПЦ).EDT", "NPC_NEW.EDT"},
+    {EdtKind::Civilian, "(Диалоги гражданских).EDT", "CIV_NEW.EDT"},
+    {EdtKind::Remarks, "(Комметтарии НПЦ).EDT", "REM_NEW.EDT"},
+};
+
+const KindTexts& textsOf(EdtKind kind) {
+    for (const KindTexts& t : kKindTexts)
+        if (t.kind == kind)
+            return t;
+    return kKindTexts[0];
+}
+
+std::optional<EdtKind> kindOfFilter(int filterIndex) {
+    for (const KindTexts& t : kKindTexts)
+        if (kindInfo(t.kind).filterIndex == filterIndex)
+            return t.kind;
+    return std::nullopt;
+}
+
+} // namespace
+
+SpeechDocument::SpeechDocument(UserPrompts& prompts, const Options& options,
+                               std::filesystem::path programDir, QObject* parent)
+    : QObject(parent), prompts_(prompts), options_(options), programDir_(std::move(programDir)) {}
+
+// ---------------------------------------------------------------- flows
+
+void SpeechDocument::showError(const Error& error) {
+    prompts_.tell(error);
+}
+
+QString SpeechDocument::startFolder() const {
+    return q((rememberedPath_.empty() ? programDir_ : rememberedPath_.parent_path()).string());
+}
+
+bool SpeechDocument::askSave() {
+    if (!canSave())
+        return true;
+    QString name;
+    if (edt_->isNew()) {
+        if (edt_->nonEmptyCount() == 0)
+            return true; // a new document with nothing in it is not worth a question
+        name = "Новый EDT файл";
+    } else {
+        name = q(edt_->path().string());
+    }
+    switch (prompts_.question(q(kMessageTitle), "Сохранть " + name + "?", true)) {
+    case Answer::Cancel:
+        return false;
+    case Answer::No:
+        return true;
+    case Answer::Yes:
+        break;
+    }
+    // A save that did not happen stops the flow, so the phrases are not thrown away.
+    return save();
+}
+
+bool SpeechDocument::open() {
+    if (!askSave())
+        return false;
+    auto choice = prompts_.openFile({"ОТКРЫТИЕ (SPEECH).EDT ФАЙЛА...", startFolder(),
+                                     q(rememberedPath_.filename().string()), kOpenFilters, 1});
+    if (!choice)
+        return false;
+    const auto kind = kindOfFilter(choice->filterIndex);
+    return openPath(choice->path.toStdString(), kind.value_or(EdtKind::NpcDialogues));
+}
+
+bool SpeechDocument::openPath(const std::filesystem::path& path, EdtKind kind) {
+    auto loaded = EdtFile::load(path, kind);
+    if (!loaded) {
+        showError(loaded.error());
+        return false;
+    }
+    rememberedPath_ = path;
+    replace(std::move(*loaded));
+    return true;
+}
+
+void SpeechDocument::newDocument(EdtKind kind) {
+    if (!askSave())
+        return;
+    phraseIndex_ = 0;
+    replace(EdtFile::makeNew(kind));
+}
+
+// A new file shows the phrase number the last one showed, as far as it reaches.
+void SpeechDocument::replace(EdtFile file) {
+    edt_ = std::move(file);
+    phraseIndex_ = std::min(phraseIndex_, edt_->lastPhrase());
+    emit documentReplaced();
+    emit phraseShown();
+}
+
+bool SpeechDocument::save() {
+    if (!edt_)
+        return false;
+    // A new document, a file on a read-only medium or one gone from disk: ask for a name.
+    if (edt_->isNew() || platform::driveKind(edt_->path()) == platform::DriveKind::ReadOnly ||
+        !platform::fileExists(edt_->path()))
+        return saveAs();
+    return writeTo(edt_->path());
+}
+
+bool SpeechDocument::saveAs() {
+    if (!edt_)
+        return false;
+    const KindTexts& texts = textsOf(edt_->kind());
+    const UserPrompts::FileRequest request{"СОХРАНИТЬ EDT ФАЙЛ КАК...",
+                                           startFolder(),
+                                           edt_->isNew() ? QString(texts.newName)
+                                                         : q(edt_->title()),
+                                           {{texts.saveFilter, "*.EDT", "EDT"}, {"все файлы", "*"}},
+                                           1};
+    const auto target = prompts_.saveTarget(request);
+    return target && writeTo(target->path);
+}
+
+// Writes atomically and reads the file back, so the pane shows what the disk holds.
+bool SpeechDocument::writeTo(const std::filesystem::path& path) {
+    EdtFile saved = *edt_;
+    if (auto written = saved.saveAs(path); !written) {
+        showError(written.error());
+        return false;
+    }
+    rememberedPath_ = path;
+    replace(std::move(saved));
+    return true;
+}
+
+void SpeechDocument::followScript(const std::filesystem::path& scriptPath) {
+    if (!options_.findEdtName)
+        return;
+    const std::filesystem::path companion = companionPath(scriptPath);
+    if (!options_.autoLoad) {
+        rememberedPath_ = findCompanion(scriptPath).value_or(companion);
+        return;
+    }
+    if (!askSave())
+        return;
+    if (const auto found = findCompanion(scriptPath))
+        openPath(*found, EdtKind::NpcDialogues);
+    else
+        emit companionMissing(q(companion.filename().string()));
+}
+
+// ---------------------------------------------------------------- the pane
+
+QString SpeechDocument::phraseText() const {
+    return edt_ ? q(edt_->phrase(phraseIndex_)) : QString();
+}
+
+QString SpeechDocument::editPhrase(const QString& text) {
+    static const QRegularExpression lineBreaks("[\\r\\n\\x{2028}\\x{2029}]");
+    QString oneLine = text;
+    oneLine.remove(lineBreaks);
+    if (!edt_)
+        return oneLine;
+    if (auto stored = edt_->setPhrase(phraseIndex_, oneLine.toStdString()); !stored) {
+        prompts_.beep();
+        showError(stored.error());
+        return phraseText(); // nothing else is ever written in place of such characters
+    }
+    emit phraseShown();
+    return oneLine;
+}
+
+void SpeechDocument::step(Step step) {
+    if (!edt_) {
+        emit notOpen();
+        prompts_.beep();
+        return;
+    }
+    const int last = edt_->lastPhrase();
+    std::optional<int> target;
+    switch (step) {
+    case Step::Home:
+        target = 0;
+        break;
+    case Step::Back:
+        target = phraseIndex_ - 1;
+        break;
+    case Step::Next:
+        target = phraseIndex_ + 1;
+        break;
+    case Step::End:
+        target = last;
+        break;
+    case Step::FirstFilled:
+        target = edt_->firstNonEmpty();
+        break;
+    case Step::LastFilled:
+        target = edt_->lastNonEmpty();
+        break;
+    }
+    if (!target || *target < 0 || *target > last ||
+        (*target == phraseIndex_ && step != Step::FirstFilled && step != Step::LastFilled)) {
+        prompts_.beep();
+        return;
+    }
+    phraseIndex_ = *target;
+    emit phraseShown();
+}
+
+void SpeechDocument::showPhrase(int index) {
+    if (!edt_ || index < 0 || index > edt_->lastPhrase() || index == phraseIndex_)
+        return;
+    phraseIndex_ = index;
+    emit phraseShown();
+}
+
+bool SpeechDocument::canSave() const {
+    return edt_ && (edt_->isNew() || edt_->isChanged());
+}
+
+bool SpeechDocument::canDecompile() const {
+    return edt_ && edt_->kind() == EdtKind::NpcDialogues;
+}
+
+int SpeechDocument::textLimit() const {
+    return edt_ ? static_cast<int>(edt_->info().textLimit) : 0;
+}
+
+QString SpeechDocument::lengthCounter() const {
+    if (!edt_)
+        return {};
+    const auto length = edt_->phraseBytes(phraseIndex_).size(); // one byte a character
+    return q(text::zeroPadded(static_cast<unsigned>(length), 3) + ":" +
+             std::to_string(textLimit()));
+}
+
+QString SpeechDocument::phraseCounter() const {
+    if (!edt_)
+        return {};
+    const int last = edt_->lastPhrase();
+    return q("(" +
+             text::zeroPadded(static_cast<unsigned>(phraseIndex_), last == kNpcLastPhrase ? 3 : 2) +
+             ":" + std::to_string(last) + ")");
+}
+
+} // namespace parlex::session
