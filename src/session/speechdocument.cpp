@@ -135,8 +135,10 @@ bool SpeechDocument::save() {
 }
 
 bool SpeechDocument::saveAs() {
-    if (!edt_)
+    if (!edt_) {
+        prompts_.beep(); // nothing to save
         return false;
+    }
     const KindTexts& texts = textsOf(edt_->kind());
     const UserPrompts::FileRequest request{"СОХРАНИТЬ EDT ФАЙЛ КАК...",
                                            startFolder(),

@@ -77,8 +77,9 @@ void MainWindowTest::controlsAndMenusHaveTheirNamesAndStartStates() {
         QVERIFY2(child(name), name);
     QCOMPARE(win().windowTitle(), QString("PARLEX"));
     QVERIFY(!child<QSlider>("Slider")->isEnabled());
-    for (const char* off : {"nSave", "nSaveAs", "nRec", "nCurrent", "nEdit", "nFrec", "nNext",
-                            "nPaste", "nUndo", "nRedo", "nOptions", "TBar_Open", "TBar_Info"})
+    for (const char* off :
+         {"nSave", "nSaveAs", "nRec", "nCurrent", "nEdit", "nFrec", "nNext", "nPaste", "nUndo",
+          "nRedo", "nOptions", "TBar_SaveAs", "TBar_Print", "TBar_Info"})
         QVERIFY2(!act(off)->isEnabled(), off);
     for (const char* on : {"nOpen", "nNew", "nExit", "nSelect", "nReact", "nAbout"})
         QVERIFY2(act(on)->isEnabled(), on);

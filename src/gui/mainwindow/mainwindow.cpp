@@ -79,7 +79,7 @@ void MainWindow::buildControls() {
     list_->setObjectName("List");
     list_->setMinimumWidth(33);       // the splitter stops 500 twips from the left
     list_->setUniformItemSizes(true); // thousands of one-line rows: no measuring each
-    speech_ = new SpeechPane(central);
+    speech_ = new SpeechPane(session_.speech(), central);
     speech_->text()->installEventFilter(this);
 
     auto* paneSplitter = new QSplitter(Qt::Horizontal, central);
@@ -311,9 +311,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::runKey(KeyAction key) {
     using K = KeyAction;
-    const auto phraseKey = [this] { // no speech file can be open yet
-        speech_->showNotOpen();
-        prompts_.beep();
+    using Step = session::SpeechDocument::Step;
+    const auto phraseKey = [this](Step step) {
+        return [this, step] { session_.speech().step(step); };
     };
     const std::pair<K, std::function<void()>> actions[] = {
         {K::FirstRecord, [this] { session_.firstRecord(); }},
@@ -329,14 +329,14 @@ void MainWindow::runKey(KeyAction key) {
         {K::Back, [this] { session_.previousRecord(); }},
         {K::PopupMenu, [this] { menus_->popup()->popup(QCursor::pos()); }},
         {K::Exit, [this] { close(); }},
-        {K::SpeechInfo, [this] { prompts_.beep(); }},
-        {K::SpeechSaveAs, [this] { prompts_.beep(); }},
-        {K::PhraseHome, phraseKey},
-        {K::PhraseBack, phraseKey},
-        {K::PhraseNext, phraseKey},
-        {K::PhraseEnd, phraseKey},
-        {K::PhraseFirstFilled, phraseKey},
-        {K::PhraseLastFilled, phraseKey},
+        {K::SpeechInfo, [this] { prompts_.beep(); }}, // the properties window comes later
+        {K::SpeechSaveAs, [this] { session_.speech().saveAs(); }},
+        {K::PhraseHome, phraseKey(Step::Home)},
+        {K::PhraseBack, phraseKey(Step::Back)},
+        {K::PhraseNext, phraseKey(Step::Next)},
+        {K::PhraseEnd, phraseKey(Step::End)},
+        {K::PhraseFirstFilled, phraseKey(Step::FirstFilled)},
+        {K::PhraseLastFilled, phraseKey(Step::LastFilled)},
     };
     for (const auto& [k, run] : actions)
         if (k == key)

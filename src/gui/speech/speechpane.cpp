@@ -1,16 +1,30 @@
 #include "speech/speechpane.h"
 
 #include "mainwindow/statuspanels.h"
+#include "session/speechdocument.h"
+#include "text/pathfit.h"
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QPlainTextEdit>
+#include <QSignalBlocker>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 namespace parlex::gui {
+namespace {
 
-SpeechPane::SpeechPane(QWidget* parent) : QWidget(parent) {
+using Step = session::SpeechDocument::Step;
+
+const QColor kOverLimit{255, 0, 0};
+constexpr int kPathSpare = 20; // pixels kept free beside the path in its panel
+
+} // namespace
+
+SpeechPane::SpeechPane(session::SpeechDocument& speech, QWidget* parent)
+    : QWidget(parent), speech_(speech) {
     setMinimumWidth(257); // the splitter stops 3850 twips from the right
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -19,7 +33,9 @@ SpeechPane::SpeechPane(QWidget* parent) : QWidget(parent) {
     text_->setObjectName("Txt");
     text_->setReadOnly(true); // locked until a speech document exists
     text_->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    text_->installEventFilter(this);
     status_ = new StatusPanels("SBarD", 3, 3, this);
+    status_->label(3)->installEventFilter(this); // the path is fitted anew on a resize
 
     // A row of tool buttons rather than a QToolBar: nothing here ever overflows,
     // and a tool bar's overflow button costs start-up time for an icon never shown.
@@ -32,18 +48,20 @@ SpeechPane::SpeechPane(QWidget* parent) : QWidget(parent) {
         const char* key;
         const char* label;
         const char* tip;
+        std::function<void()> run; // none yet: the button stays disabled
     } buttons[] = {
-        {"Open", "Открыть", "Открыть EDT файл..."},
-        {"New", "Создать", "Создать EDT файл (Диалоги НПЦ)"},
-        {"SaveAs", "Сохранить", "Сохранить EDT файл"},
-        {"Print", "Текст", "Раскомпилировать (!!!только для (НПЦ).*EDT)"},
-        {nullptr, nullptr, nullptr},
-        {"Home", "|<", "Перейти к началу"},
-        {"Back", "<", "Предыдущая фраза"},
-        {"Next", ">", "Следующая фраза"},
-        {"End", ">|", "Перейти в конец"},
-        {nullptr, nullptr, nullptr},
-        {"Info", "i", "Информация о файле"},
+        {"Open", "Открыть", "Открыть EDT файл...", [this] { speech_.open(); }},
+        {"New", "Создать", "Создать EDT файл (Диалоги НПЦ)",
+         [this] { speech_.newDocument(EdtKind::NpcDialogues); }},
+        {"SaveAs", "Сохранить", "Сохранить EDT файл", [this] { speech_.save(); }},
+        {"Print", "Текст", "Раскомпилировать (!!!только для (НПЦ).*EDT)", {}},
+        {nullptr, nullptr, nullptr, {}},
+        {"Home", "|<", "Перейти к началу", [this] { speech_.step(Step::Home); }},
+        {"Back", "<", "Предыдущая фраза", [this] { speech_.step(Step::Back); }},
+        {"Next", ">", "Следующая фраза", [this] { speech_.step(Step::Next); }},
+        {"End", ">|", "Перейти в конец", [this] { speech_.step(Step::End); }},
+        {nullptr, nullptr, nullptr, {}},
+        {"Info", "i", "Информация о файле", {}},
     };
     for (const auto& b : buttons) {
         if (!b.key) {
@@ -53,21 +71,114 @@ SpeechPane::SpeechPane(QWidget* parent) : QWidget(parent) {
         auto* action = new QAction(b.label, bar);
         action->setObjectName(QString("TBar_") + b.key);
         action->setToolTip(b.tip);
-        action->setEnabled(false); // speech files come to the window in a later step
+        action->setEnabled(static_cast<bool>(b.run));
+        if (b.run)
+            connect(action, &QAction::triggered, this, b.run);
         auto* button = new QToolButton(bar);
         button->setDefaultAction(action);
         button->setAutoRaise(true);
         row->addWidget(button);
+        if (QString(b.key) == "New") { // the other two kinds in its drop-down
+            auto* kinds = new QMenu(button);
+            kinds
+                ->addAction("Комменнтарии НПЦ", this,
+                            [this] { speech_.newDocument(EdtKind::Remarks); })
+                ->setObjectName("TBar_New_Rem");
+            kinds
+                ->addAction("Диалоги Гражданских", this,
+                            [this] { speech_.newDocument(EdtKind::Civilian); })
+                ->setObjectName("TBar_New_Civ");
+            button->setMenu(kinds);
+            button->setPopupMode(QToolButton::MenuButtonPopup);
+        }
     }
     row->addStretch(1);
 
     layout->addWidget(text_, 1);
     layout->addWidget(status_);
     layout->addWidget(bar);
+
+    button("SaveAs")->setEnabled(false); // nothing to save yet
+    connect(text_, &QPlainTextEdit::textChanged, this, &SpeechPane::textEdited);
+    using D = session::SpeechDocument;
+    connect(&speech_, &D::documentReplaced, this, &SpeechPane::showDocument);
+    connect(&speech_, &D::phraseShown, this, &SpeechPane::showPhrase);
+    connect(&speech_, &D::notOpen, this, [this] { status_->setText(3, "Файл не открыт!"); });
 }
 
-void SpeechPane::showNotOpen() {
-    status_->setText(3, "Файл не открыт!");
+QAction* SpeechPane::button(const QString& key) const {
+    return findChild<QAction*>("TBar_" + key);
+}
+
+void SpeechPane::showDocument() {
+    text_->setReadOnly(false);          // unlocked for good by the first document
+    button("Print")->setEnabled(false); // decompiling comes in a later step
+    showPath();
+    showPhrase();
+    text_->setFocus();
+}
+
+void SpeechPane::showPhrase() {
+    const QString phrase = speech_.phraseText();
+    if (text_->toPlainText() != phrase) {
+        const QSignalBlocker quiet(text_);
+        text_->setPlainText(phrase);
+        text_->moveCursor(QTextCursor::End);
+    }
+    showCounters();
+}
+
+void SpeechPane::showCounters() {
+    status_->setText(1, speech_.lengthCounter());
+    status_->setText(2, speech_.phraseCounter());
+    const bool over = text_->toPlainText().size() > speech_.textLimit();
+    QPalette p = text_->palette();
+    p.setColor(QPalette::Text, over ? kOverLimit : palette().color(QPalette::Text));
+    text_->setPalette(p);
+    button("SaveAs")->setEnabled(speech_.canSave());
+}
+
+void SpeechPane::showPath() {
+    const EdtFile* file = speech_.file();
+    if (!file)
+        return;
+    if (file->isNew()) {
+        status_->setText(3, "Новый");
+        return;
+    }
+    QLabel* panel = status_->label(3);
+    const QFontMetrics metrics(panel->font());
+    status_->setText(3, QString::fromStdString(text::fitPath(
+                            file->path().string(), file->title(), panel->contentsRect().width(),
+                            kPathSpare, [&](std::string_view s) {
+                                return metrics.horizontalAdvance(
+                                    QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())));
+                            })));
+}
+
+// Every change of the text goes into the phrase; what the document refuses or
+// changes (line breaks, characters outside the code page) comes back into the pane.
+void SpeechPane::textEdited() {
+    if (!speech_.file())
+        return;
+    const QString kept = speech_.editPhrase(text_->toPlainText());
+    if (kept != text_->toPlainText()) {
+        const QSignalBlocker quiet(text_);
+        text_->setPlainText(kept);
+        text_->moveCursor(QTextCursor::End);
+    }
+    showCounters();
+}
+
+bool SpeechPane::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == status_->label(3) && event->type() == QEvent::Resize)
+        showPath();
+    // Enter never makes a line: a phrase is one line.
+    if (watched == text_ && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        return key == Qt::Key_Return || key == Qt::Key_Enter;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 } // namespace parlex::gui

@@ -2,25 +2,39 @@
 
 #include <QWidget>
 
+class QAction;
 class QPlainTextEdit;
+
+namespace parlex::session {
+class SpeechDocument;
+}
 
 namespace parlex::gui {
 
 class StatusPanels;
 
 // The right half of the window: the phrase text (Txt), its status bar (SBarD) and
-// its toolbar (TBar). Speech files are not opened in the window yet, so the text is
-// locked and the toolbar's buttons are disabled.
+// its toolbar (TBar), showing the session's speech document and handing it what the
+// user does. Every keystroke is stored into the current phrase at once.
 class SpeechPane : public QWidget {
     Q_OBJECT
 public:
-    explicit SpeechPane(QWidget* parent = nullptr);
+    SpeechPane(session::SpeechDocument& speech, QWidget* parent = nullptr);
 
     QPlainTextEdit* text() const { return text_; }
-    // What the phrase keys say while no speech file is open.
-    void showNotOpen();
+    QAction* button(const QString& key) const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void showDocument();
+    void showPhrase();
+    void showCounters();
+    void showPath();
+    void textEdited();
+
+    session::SpeechDocument& speech_;
     QPlainTextEdit* text_;
     StatusPanels* status_;
 };
