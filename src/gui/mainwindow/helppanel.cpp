@@ -5,6 +5,8 @@
 #include "explain/fieldlayout.h"
 
 #include <QMouseEvent>
+#include <algorithm>
+#include <vector>
 
 namespace parlex::gui {
 namespace {
@@ -56,9 +58,17 @@ QSize HelpPanel::sizeHint() const {
     const int width = std::max({200, viewport()->width(), window()->width() - 16});
     if (width == hintWidth_)
         return {width, hintHeight_};
-    int tallest = 0;
+    // Laying out text is the dear part of starting: only the few longest texts can
+    // be the tallest, so only they are measured.
+    std::vector<QString> texts;
     for (const FieldInfo& field : fieldTable())
-        tallest = std::max(tallest, HelpText::measure(helpOf(field.index), f, width));
+        texts.push_back(helpOf(field.index));
+    constexpr std::size_t kCandidates = 3;
+    std::partial_sort(texts.begin(), texts.begin() + kCandidates, texts.end(),
+                      [](const QString& a, const QString& b) { return a.size() > b.size(); });
+    int tallest = 0;
+    for (std::size_t i = 0; i < kCandidates; ++i)
+        tallest = std::max(tallest, HelpText::measure(texts[i], f, width));
     hintWidth_ = width;
     hintHeight_ = tallest + 2 * frameWidth() + 4;
     return {width, hintHeight_};
