@@ -88,10 +88,6 @@ void Session::shutdown() {
 
 // ---------------------------------------------------------------- script flows
 
-void Session::showError(const Error& error) {
-    prompts_.tell(error);
-}
-
 QString Session::startFolder() const {
     return q(lastPath_.empty() ? programDir_ : lastPath_.parent_path());
 }
@@ -135,7 +131,7 @@ bool Session::openPath(const std::filesystem::path& path) {
 bool Session::load(const std::filesystem::path& path) {
     auto loaded = NpcFile::load(path);
     if (!loaded) {
-        showError(loaded.error());
+        prompts_.tell(loaded.error());
         return false;
     }
     lastPath_ = path;
@@ -168,7 +164,7 @@ Session::SaveOutcome Session::save() {
     case NpcFile::SaveRoute::AskForName:
         return saveAs();
     case NpcFile::SaveRoute::ReadOnlyDrive:
-        showError(platform::readOnlyDriveError(npc_->path(), true));
+        prompts_.tell(platform::readOnlyDriveError(npc_->path(), true));
         return saveAs();
     case NpcFile::SaveRoute::InPlace:
         break;
@@ -194,7 +190,7 @@ Session::SaveOutcome Session::saveAs() {
 Session::SaveOutcome Session::writeTo(const std::filesystem::path& path) {
     NpcFile saved = *npc_;
     if (auto written = saved.saveAs(path); !written) {
-        showError(written.error());
+        prompts_.tell(written.error());
         return SaveOutcome::Failed;
     }
     lastPath_ = saved.path();
@@ -220,7 +216,7 @@ void Session::convertLayout() {
         return;
     const auto sourcePath = fsPath(source->path);
     if (auto checked = npcformat::readScript(sourcePath); !checked) {
-        showError(checked.error());
+        prompts_.tell(checked.error());
         return;
     }
     const bool sourceIsOpen = npc_ && !npc_->isNew() && samePath(npc_->path(), sourcePath);
@@ -229,7 +225,7 @@ void Session::convertLayout() {
         return;
     auto bytes = npcformat::readScript(sourcePath);
     if (!bytes) {
-        showError(bytes.error());
+        prompts_.tell(bytes.error());
         return;
     }
     const NpcFileType from = npcformat::detectType(*bytes);
@@ -255,7 +251,7 @@ void Session::convertLayout() {
         return;
     const auto& targetPath = target->path;
     if (auto done = npcformat::convertFile(sourcePath, targetPath, layoutOf(*target)); !done) {
-        showError(done.error());
+        prompts_.tell(done.error());
         return;
     }
     if (!npc_ || npc_->isNew() || !samePath(npc_->path(), targetPath))

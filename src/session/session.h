@@ -134,7 +134,6 @@ private:
     void replaceDocument(NpcFile file);
     SaveOutcome writeTo(const std::filesystem::path& path);
     bool confirmOverwriteOfChangedFile();
-    void showError(const Error& error);
     QString startFolder() const;
     void refreshField();
     void storeRecord(std::size_t index, const NpcRecord& record, bool moveThere);

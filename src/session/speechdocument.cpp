@@ -56,10 +56,6 @@ SpeechDocument::SpeechDocument(UserPrompts& prompts, const Options& options,
 
 // ---------------------------------------------------------------- flows
 
-void SpeechDocument::showError(const Error& error) {
-    prompts_.tell(error);
-}
-
 QString SpeechDocument::startFolder() const {
     return q((rememberedPath_.empty() ? programDir_ : rememberedPath_.parent_path()).string());
 }
@@ -101,7 +97,7 @@ bool SpeechDocument::open() {
 bool SpeechDocument::openPath(const std::filesystem::path& path, EdtKind kind) {
     auto loaded = EdtFile::load(path, kind);
     if (!loaded) {
-        showError(loaded.error());
+        prompts_.tell(loaded.error());
         return false;
     }
     rememberedPath_ = path;
@@ -154,7 +150,7 @@ bool SpeechDocument::saveAs() {
 bool SpeechDocument::writeTo(const std::filesystem::path& path) {
     EdtFile saved = *edt_;
     if (auto written = saved.saveAs(path); !written) {
-        showError(written.error());
+        prompts_.tell(written.error());
         return false;
     }
     rememberedPath_ = path;
@@ -192,7 +188,7 @@ QString SpeechDocument::editPhrase(const QString& text) {
         return oneLine;
     if (auto stored = edt_->setPhrase(phraseIndex_, oneLine.toStdString()); !stored) {
         prompts_.beep();
-        showError(stored.error());
+        prompts_.tell(stored.error());
         return phraseText(); // nothing else is ever written in place of such characters
     }
     emit phraseShown();

@@ -72,7 +72,6 @@ private:
     void replace(EdtFile file);
     bool writeTo(const std::filesystem::path& path);
     QString startFolder() const;
-    void showError(const Error& error);
 
     UserPrompts& prompts_;
     const Options& options_;

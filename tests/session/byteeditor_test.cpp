@@ -134,20 +134,6 @@ TEST_F(ByteEditorTest, EncodingFollowsTheModeAndReplaceTheWidth) {
     EXPECT_EQ(editor.encode(W), Encoding::Refused) << "never encoded, whatever the mode";
 }
 
-TEST_F(ByteEditorTest, TheGreatestValueIsOfferedInItsOwnModeOnly) {
-    ByteEditor editor = openAt(12);
-    EXPECT_EQ(editor.offeredMaximum(W), std::nullopt);
-    EXPECT_EQ(editor.enterMaximum(W), Encoding::Ignored);
-    EXPECT_EQ(editor.entry(), "");
-    EXPECT_EQ(editor.offeredMaximum(B), "255");
-    EXPECT_EQ(editor.enterMaximum(B), Encoding::Encoded);
-    EXPECT_EQ(editor.encodedText(), "FF");
-    editor.selectRow(0);
-    EXPECT_EQ(editor.enterMaximum(W), Encoding::Encoded);
-    EXPECT_EQ(editor.entry(), "65535");
-    EXPECT_EQ(editor.encodedText(), "FF FF");
-}
-
 TEST_F(ByteEditorTest, ApplyIsPossibleExactlyWhileTheCopyDiffers) {
     ByteEditor editor = openAt(12);
     const auto old = std::to_string(kNeutralRecord[12]);

@@ -9,7 +9,6 @@
 #include "mainwindow/statuspanels.h"
 #include "platform/files.h"
 #include "speech/speechpane.h"
-#include "text/pathfit.h"
 
 #include <QAction>
 #include <QApplication>
@@ -229,14 +228,7 @@ void MainWindow::updatePathPanel() {
     const NpcFile* script = session_.script();
     if (!script || script->isNew())
         return;
-    QLabel* panel = sbar_->label(2);
-    const QFontMetrics metrics(panel->font());
-    sbar_->setText(
-        2, q(text::fitPath(script->path().string(), script->title(), panel->contentsRect().width(),
-                           kPathSpare, [&](std::string_view s) {
-                               return metrics.horizontalAdvance(
-                                   QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())));
-                           })));
+    sbar_->setPath(2, script->path(), kPathSpare);
 }
 
 void MainWindow::updateNamePanel() {

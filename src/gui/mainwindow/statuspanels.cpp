@@ -1,8 +1,22 @@
 #include "mainwindow/statuspanels.h"
 
+#include "text/pathfit.h"
+
 #include <algorithm>
 
 namespace parlex::gui {
+
+void StatusPanels::setPath(int panel, const std::filesystem::path& path, int spare) {
+    QLabel* shown = label(panel);
+    const QFontMetrics metrics(shown->font());
+    const std::string fitted =
+        text::fitPath(path.string(), path.filename().string(), shown->contentsRect().width(), spare,
+                      [&](std::string_view s) {
+                          return metrics.horizontalAdvance(
+                              QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())));
+                      });
+    setText(panel, QString::fromStdString(fitted));
+}
 
 StatusPanels::StatusPanels(const QString& name, int panels, int stretch, QWidget* parent)
     : SelfPlacingFrame(parent), stretch_(stretch) {

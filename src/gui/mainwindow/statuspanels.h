@@ -3,6 +3,7 @@
 #include "mainwindow/selfplacingframe.h"
 
 #include <QLabel>
+#include <filesystem>
 #include <vector>
 
 namespace parlex::gui {
@@ -16,6 +17,9 @@ public:
 
     void setText(int panel, const QString& text) { label(panel)->setText(text); }
     QString text(int panel) const { return label(panel)->text(); }
+    // A file's path shortened to fit the panel's width, with `spare` pixels left free:
+    // the start of the path gives way first, the file name last.
+    void setPath(int panel, const std::filesystem::path& path, int spare);
     QLabel* label(int panel) const { return labels_.at(static_cast<std::size_t>(panel - 1)); }
 
     QSize sizeHint() const override;

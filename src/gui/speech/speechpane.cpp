@@ -2,7 +2,6 @@
 
 #include "mainwindow/statuspanels.h"
 #include "session/speechdocument.h"
-#include "text/pathfit.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -146,14 +145,7 @@ void SpeechPane::showPath() {
         status_->setText(3, "Новый");
         return;
     }
-    QLabel* panel = status_->label(3);
-    const QFontMetrics metrics(panel->font());
-    status_->setText(3, QString::fromStdString(text::fitPath(
-                            file->path().string(), file->title(), panel->contentsRect().width(),
-                            kPathSpare, [&](std::string_view s) {
-                                return metrics.horizontalAdvance(
-                                    QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())));
-                            })));
+    status_->setPath(3, file->path(), kPathSpare);
 }
 
 // Every change of the text goes into the phrase; what the document refuses or
