@@ -38,6 +38,9 @@ TEST(CliEdt, EmptyFileInfoHasNullsAndRefusalsLeaveTheFile) {
     EXPECT_EQ(cli({"edt", "info", f, "--kind", "npc", "--json"}).out,
               "{\"kind\":\"npc\",\"phrases\":143,\"nonEmpty\":0,\"first\":null,\"last\":null,"
               "\"sizeOnDisk\":68160,\"sizeAfterSave\":68160}\n");
+    EXPECT_NE(
+        cli({"edt", "info", f, "--kind", "npc"}).out.find("Число существующих строк: 0 (143)\n"),
+        std::string::npos);
     const auto before = testutil::readBytes(f);
     struct Case {
         std::vector<std::string> args;

@@ -319,6 +319,9 @@ TEST(Summary, PropertiesWindowNumbers) {
     s = summarize(&remarks);
     EXPECT_EQ(s.sizeAfterSaveText, "1920 байт");
     EXPECT_EQ(s.sizeOnDiskText, "3840 байт");
+    ASSERT_TRUE(remarks.setPhrase(3, ""));
+    ASSERT_TRUE(remarks.saveAs(dir / "r.edt"));
+    EXPECT_EQ(summarize(&remarks).countText, "0 (35)") << "a file read has its count, 0 too";
     std::filesystem::remove(dir / "r.edt");
     EXPECT_EQ(summarize(&remarks).sizeOnDiskText, "Файл не найден");
     EdtFile civ = EdtFile::makeNew(EdtKind::Civilian);

@@ -18,8 +18,10 @@ EdtSummary summarize(const EdtFile* file) {
     s.first = file->firstNonEmpty();
     s.last = file->lastNonEmpty();
     s.sizeAfterSave = file->sizeAfterSave();
-    // The window leaves the count out when no phrase is filled.
-    s.countText = (s.nonEmpty ? std::to_string(s.nonEmpty) : std::string()) + " (" +
+    // A new document with nothing typed yet has no count before the bracket; a file
+    // read from disk always has one, 0 included.
+    const bool noCount = file->isNew() && s.nonEmpty == 0;
+    s.countText = (noCount ? std::string() : std::to_string(s.nonEmpty)) + " (" +
                   std::to_string(s.phrases) + ")";
     s.firstText = s.first ? std::to_string(*s.first) : "Нет";
     s.lastText = s.last ? std::to_string(*s.last) : "Нет";

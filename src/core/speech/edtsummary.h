@@ -18,7 +18,7 @@ struct EdtSummary {
     std::size_t sizeAfterSave = 0;
 
     // The texts of the window's labels.
-    std::string countText;           // "12 (143)"; with no phrase filled just " (143)"
+    std::string countText;           // "12 (143)"; a new document with no phrase filled: " (143)"
     std::string firstText, lastText; // the number or "Нет"
     std::string sizeOnDiskText; // "N байт", "Файл не сохранен" or "Файл не найден"
     std::string sizeAfterSaveText; // "N байт"
