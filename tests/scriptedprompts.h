@@ -48,6 +48,16 @@ public:
         messages.push_back({Icon::Information, title, text});
     }
     void beep() override { ++beeps; }
+    // The colour and font dialogs answer from these; nothing there is a cancel.
+    std::optional<unsigned> colourAnswer;
+    std::optional<parlex::session::TextFont> fontAnswer;
+    std::vector<std::pair<double, double>> fontLimits; // of each font dialog shown
+    std::optional<unsigned> chooseColour(unsigned) override { return colourAnswer; }
+    std::optional<parlex::session::TextFont> chooseFont(const parlex::session::TextFont&,
+                                                        double minSize, double maxSize) override {
+        fontLimits.emplace_back(minSize, maxSize);
+        return fontAnswer;
+    }
 
     void choose(const QString& path, int filterIndex = 1) {
         files.push_back(FileChoice{path, filterIndex});

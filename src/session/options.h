@@ -1,6 +1,17 @@
 #pragma once
 
+#include <string>
+
 namespace parlex::session {
+
+// A font as the user chooses it for a text.
+struct TextFont {
+    std::string family = "MS Sans Serif";
+    double pointSize = 9.75;
+    bool bold = false;
+    bool italic = false;
+    bool operator==(const TextFont&) const = default;
+};
 
 // What the user can set. Until there is a settings file these are the values a
 // first start has.
@@ -12,6 +23,8 @@ struct Options {
     int helpAlignment = 0;    // of the help text: 0 left, 1 right, 2 centre
     bool findEdtName = true;  // a script opened names its speech file (053.npc -> 053.EDT)
     bool autoLoad = false;    // ... and that speech file is opened with it
+    unsigned phraseBackColour = 0xFFFFFF; // of the phrase text, 0xRRGGBB
+    TextFont phraseFont;                  // of the phrase text
 };
 
 } // namespace parlex::session

@@ -269,6 +269,20 @@ void Session::showCurrentInfo() {
         prompts_.message(Icon::Information, "Текущий файл...", q(npc_->summary()));
 }
 
+void Session::choosePhraseColour() {
+    if (const auto colour = prompts_.chooseColour(options_.phraseBackColour)) {
+        options_.phraseBackColour = *colour & 0xFFFFFFu;
+        emit phraseStyleChanged();
+    }
+}
+
+void Session::choosePhraseFont() {
+    if (const auto font = prompts_.chooseFont(options_.phraseFont, 4, 18)) {
+        options_.phraseFont = *font;
+        emit phraseStyleChanged();
+    }
+}
+
 std::vector<std::string> Session::listRows(ListKey key) {
     ListRows rows = lists_.rows(key);
     if (rows.warning)

@@ -68,6 +68,9 @@ public:
     SaveOutcome saveAs();
     void convertLayout();   // any script into the other layout, file to file
     void showCurrentInfo(); // the layout and the number of records of the open script
+    // The colour and the font of the phrase text, chosen by the user (sizes 4-18).
+    void choosePhraseColour();
+    void choosePhraseFont();
     // The rows of a code list; a list file too long to show is told to the user.
     std::vector<std::string> listRows(ListKey key);
 
@@ -122,9 +125,10 @@ signals:
     void recordChanged(int index); // one record of the open script has new bytes
     void changedStateChanged(bool changed);
     void positionChanged(int position);
-    void fieldShown();     // mark, position text or explanation changed
-    void historyChanged(); // undo or redo became possible or impossible
-    void bufferChanged();  // a record was copied
+    void fieldShown();         // mark, position text or explanation changed
+    void historyChanged();     // undo or redo became possible or impossible
+    void bufferChanged();      // a record was copied
+    void phraseStyleChanged(); // the colour or the font of the phrase text
 
 private:
     enum class Ask { Continue, Cancel };

@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "session/options.h"
 #include "speech/companion.h"
+#include "speech/decompiler.h"
 #include "text/numbers.h"
 
 #include <QRegularExpression>
@@ -155,6 +156,27 @@ bool SpeechDocument::writeTo(const std::filesystem::path& path) {
     }
     rememberedPath_ = path;
     replace(std::move(saved));
+    return true;
+}
+
+bool SpeechDocument::decompile() {
+    if (!canDecompile()) {
+        prompts_.beep();
+        return false;
+    }
+    const UserPrompts::FileRequest request{"ДЕКОМПИЛИРОВАТЬ EDT ФАЙЛ И СОХРАНИТЬ КАК...",
+                                           q(programDir_.string()),
+                                           "Quotes.txt",
+                                           {{"*.txt", "*.txt", "txt"}, {"все файлы (*.*)", "*"}},
+                                           1};
+    const auto target = prompts_.saveTarget(request);
+    if (!target)
+        return false;
+    // Written to a temporary file and renamed: a failure leaves an old text as it was.
+    if (auto written = decompileToFile(*edt_, target->path); !written) {
+        prompts_.tell(written.error());
+        return false;
+    }
     return true;
 }
 

@@ -37,6 +37,8 @@ public:
     void newDocument(EdtKind kind);                                 // after the save question
     bool save();
     bool saveAs();
+    // NPC dialogues written out as a readable text, to a file the user chooses.
+    bool decompile();
     // After a script was opened (not reloaded): its companion speech file is
     // remembered for the open dialog, or opened when AutoLoad is on. A companion
     // that is not there is told by companionMissing.

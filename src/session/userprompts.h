@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/error.h"
+#include "session/options.h"
 
 #include <QString>
 #include <QStringList>
@@ -46,6 +47,11 @@ public:
     virtual std::optional<FileChoice> saveFile(const FileRequest& request) = 0;
     virtual void about(const QString& title, const QString& text) = 0;
     virtual void beep() = 0;
+    // A colour (0xRRGGBB) starting from `colour`, and a font starting from `font` whose
+    // point size lies within the limits. Nothing when the user cancels.
+    virtual std::optional<unsigned> chooseColour(unsigned colour) = 0;
+    virtual std::optional<TextFont> chooseFont(const TextFont& font, double minSize,
+                                               double maxSize) = 0;
 
     struct SaveTarget {
         std::filesystem::path path;

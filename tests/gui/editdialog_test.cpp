@@ -1,6 +1,7 @@
 // The byte editor as a user meets it: opening, typing, keys, Replace and Apply seen
 // on the grid and in the document, the code lists, the clipboard and its place on
 // the screen. The rules behind it are tested in the session and the core.
+#include "app/placement.h"
 #include "editor/editdialog.h"
 #include "windowtest.h"
 
@@ -318,7 +319,7 @@ void EditDialogTest::placedOnTheScreen_data() {
 void EditDialogTest::placedOnTheScreen() {
     QFETCH(QRect, main);
     QFETCH(QPoint, expected);
-    QCOMPARE(editorPosition(main, QSize(400, 300), QRect(0, 0, 1024, 768)), expected);
+    QCOMPARE(centredOver(main, QSize(400, 300), QRect(0, 0, 1024, 768)), expected);
 }
 
 QTEST_MAIN(EditDialogTest)

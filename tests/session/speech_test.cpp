@@ -1,6 +1,8 @@
 // The speech file beside the script: its flows and the pane's state, without a window.
 #include "sessiontest.h"
 
+#include "speech/decompiler.h"
+
 #include <QSignalSpy>
 
 namespace sessiontest {
@@ -125,6 +127,44 @@ TEST_F(SpeechTest, SaveWritesInPlaceOrAsksWhereItCannot) {
     prompts.choose(path("elsewhere.edt"));
     EXPECT_TRUE(speech.saveAs());
     EXPECT_TRUE(prompts.messages.back().text.endsWith("\nтолько для чтения\nУкажите другой путь"));
+}
+
+TEST_F(SpeechTest, DecompilingWritesTheChosenTextFileOrNothing) {
+    speech.decompile(); // nothing open: a beep, no dialog
+    EXPECT_EQ(prompts.beeps, 1);
+    write("rem.edt", edt(EdtKind::Remarks, {{0, "x"}}));
+    ASSERT_TRUE(openEdt("rem.edt", 3));
+    EXPECT_FALSE(speech.decompile()) << "remarks are not a dialogue";
+    EXPECT_EQ(prompts.beeps, 2);
+
+    write("d.edt", edt(EdtKind::NpcDialogues, {{3, "Здравствуй"}}));
+    ASSERT_TRUE(openEdt("d.edt", 1));
+    speech.editPhrase("Не сохранено"); // the text follows what is in memory
+    const std::string expected = parlex::decompileText(*speech.file());
+    write("Quotes.txt", {'o', 'l', 'd'});
+
+    prompts.cancelDialog();
+    EXPECT_FALSE(speech.decompile());
+    EXPECT_EQ(read("Quotes.txt"), std::vector<std::uint8_t>({'o', 'l', 'd'}));
+    const auto& request = prompts.requests.back();
+    EXPECT_EQ(request.title, "ДЕКОМПИЛИРОВАТЬ EDT ФАЙЛ И СОХРАНИТЬ КАК...");
+    EXPECT_EQ(request.proposedName, "Quotes.txt");
+    EXPECT_EQ(request.folder, QString::fromStdString(dir.path().string()));
+    ASSERT_EQ(request.filters.size(), 2u);
+    EXPECT_EQ(request.filters[1].text, "все файлы (*.*)");
+
+    prompts.choose(path("Quotes")); // typed without an extension
+    EXPECT_TRUE(speech.decompile());
+    EXPECT_EQ(read("Quotes.txt"), std::vector<std::uint8_t>(expected.begin(), expected.end()));
+
+    write("afile", {'x'}); // a folder that is a file: the system's failure is told
+    prompts.choose(path("afile") + "/Quotes.txt");
+    EXPECT_FALSE(speech.decompile());
+    ASSERT_FALSE(prompts.messages.empty());
+    EXPECT_EQ(prompts.messages.back().icon, Icon::Critical);
+    EXPECT_TRUE(prompts.messages.back().text.startsWith("Ошибка во время сохранения файла"));
+    EXPECT_EQ(read("Quotes.txt"), std::vector<std::uint8_t>(expected.begin(), expected.end()));
+    EXPECT_TRUE(speech.canSave()) << "the document keeps its edit";
 }
 
 TEST_F(SpeechTest, TheSaveQuestionAndEachAnswer) {
@@ -277,6 +317,36 @@ TEST_F(SpeechTest, ByteFourteenBringsItsPhraseIntoThePane) {
     speech.step(Step::Home);
     session.hover(13);
     EXPECT_EQ(speech.phraseIndex(), 0) << "the option is off";
+}
+
+TEST_F(SpeechTest, ThePhraseTextTakesTheChosenColourAndFontUnlessCancelled) {
+    using parlex::session::TextFont;
+    QSignalSpy restyled(&session, &Session::phraseStyleChanged);
+    const TextFont chosen{"Liberation Serif", 14, true, false};
+    const struct {
+        bool colour; // or the font
+        std::optional<unsigned> colourAnswer;
+        std::optional<TextFont> fontAnswer;
+        unsigned colourAfter;
+        TextFont fontAfter;
+    } cases[] = {
+        {true, std::nullopt, std::nullopt, 0xFFFFFF, TextFont{}},  // cancelled
+        {true, 0xFFFF80, std::nullopt, 0xFFFF80, TextFont{}},      // chosen
+        {false, std::nullopt, std::nullopt, 0xFFFF80, TextFont{}}, // cancelled
+        {false, std::nullopt, chosen, 0xFFFF80, chosen},           // chosen
+    };
+    int emitted = 0;
+    for (const auto& c : cases) {
+        prompts.colourAnswer = c.colourAnswer;
+        prompts.fontAnswer = c.fontAnswer;
+        c.colour ? session.choosePhraseColour() : session.choosePhraseFont();
+        emitted += (c.colourAnswer || c.fontAnswer) ? 1 : 0;
+        EXPECT_EQ(session.options().phraseBackColour, c.colourAfter);
+        EXPECT_EQ(session.options().phraseFont, c.fontAfter);
+        EXPECT_EQ(restyled.count(), emitted);
+    }
+    ASSERT_EQ(prompts.fontLimits.size(), 2u);
+    EXPECT_EQ(prompts.fontLimits[0], std::make_pair(4.0, 18.0));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "editor/editdialog.h"
 
 #include "app/closeanimation.h"
+#include "app/placement.h"
 #include "entry/numberentry.h"
 #include "mainwindow/keymap.h"
 #include "mainwindow/mainwindow.h"
@@ -31,9 +32,6 @@ const QColor kOffered{0, 0, 192}; // the greatest value under the mouse, in its 
 const QColor kEncodedBack{224, 224, 224};
 constexpr int kCloseMilliseconds = 200;
 constexpr int kListStep = 10; // VS moves the main window's list ten rows at a time
-// Kept free at the screen's edge when the dialog is brought back: 100 and 1100 twips.
-constexpr int kSideMargin = 7;
-constexpr int kBottomMargin = 73;
 
 QString q(const std::string& s) {
     return QString::fromStdString(s);
@@ -46,20 +44,6 @@ void setTextColour(QWidget* widget, QPalette::ColorRole role, const QColor& colo
 }
 
 } // namespace
-
-QPoint editorPosition(const QRect& mainWindow, const QSize& dialog, const QRect& screen) {
-    int left = mainWindow.x() + (mainWindow.width() - dialog.width()) / 2;
-    int top = mainWindow.y() + (mainWindow.height() - dialog.height()) / 2;
-    if (left > screen.x() + screen.width())
-        left = screen.x() + screen.width() - (dialog.width() + kSideMargin);
-    else if (left < screen.x())
-        left = screen.x() + kSideMargin;
-    if (top > screen.y() + screen.height())
-        top = screen.y() + screen.height() - (dialog.height() + kBottomMargin);
-    else if (top < screen.y())
-        top = screen.y() + kSideMargin;
-    return {left, top};
-}
 
 EditDialog::EditDialog(MainWindow& main, session::ByteEditor editor)
     : QDialog(&main), main_(main), editor_(std::move(editor)) {
@@ -79,7 +63,7 @@ EditDialog::EditDialog(MainWindow& main, session::ByteEditor editor)
     showModel();
     adjustSize();
     const QScreen* screen = main_.screen();
-    move(editorPosition(main_.frameGeometry(), frameSize(),
+    move(centredOver(main_.frameGeometry(), frameSize(),
                         screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768)));
 }
 

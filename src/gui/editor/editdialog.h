@@ -18,10 +18,6 @@ namespace parlex::gui {
 
 class MainWindow;
 
-// Where the editor opens: centred on the main window, and brought back when its
-// left or top edge lies beyond the screen (the far edges may stick out).
-QPoint editorPosition(const QRect& mainWindow, const QSize& dialog, const QRect& screen);
-
 // The byte editor (Edit): one field of the current record changed by decimal entry.
 // It shows what its ByteEditor model holds and hands it what the user does; the
 // code lists it offers appear in the main window's list, which VS scrolls.

@@ -1,6 +1,9 @@
 #include "prompts/dialogprompts.h"
 
+#include "prompts/fontchooser.h"
+
 #include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -98,6 +101,21 @@ void DialogPrompts::about(const QString& title, const QString& text) {
 
 void DialogPrompts::beep() {
     QApplication::beep();
+}
+
+std::optional<unsigned> DialogPrompts::chooseColour(unsigned colour) {
+    const QColor chosen = QColorDialog::getColor(QColor::fromRgb(colour), parent_);
+    if (!chosen.isValid())
+        return std::nullopt;
+    return static_cast<unsigned>(chosen.rgb()) & 0xFFFFFFu;
+}
+
+std::optional<session::TextFont> DialogPrompts::chooseFont(const session::TextFont& font,
+                                                           double minSize, double maxSize) {
+    FontChooser dialog(font, minSize, maxSize, parent_);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.font();
 }
 
 } // namespace parlex::gui
