@@ -23,6 +23,7 @@ public:
     SpeechDocument(UserPrompts& prompts, const Options& options, std::filesystem::path programDir,
                    QObject* parent = nullptr);
 
+    const Options& options() const { return options_; }
     const EdtFile* file() const { return edt_ ? &*edt_ : nullptr; }
     int lastPhrase() const { return edt_ ? edt_->lastPhrase() : 0; } // 0: nothing open
     int phraseIndex() const { return phraseIndex_; }

@@ -1,11 +1,19 @@
 // The speech pane as a user meets it: typing into a phrase, its counters and colour,
 // the save button, the toolbar and the phrase keys, and byte 14 moving the pane. The
 // flows behind the buttons are tested in the session.
+#include "mainwindow/captionwarning.h"
 #include "speech/edtfile.h"
+#include "speech/filepropwindow.h"
 #include "speech/speechpane.h"
 #include "windowtest.h"
 
+#include <QHelpEvent>
+#include <QMenu>
 #include <QPlainTextEdit>
+#include <QTimer>
+#include <QToolButton>
+#include <QToolTip>
+#include <functional>
 
 using namespace parlex;
 using namespace parlex::gui;
@@ -21,12 +29,34 @@ private slots:
     void pastedLinesBecomeOnePhrase();
     void typingBackMakesAFileUnchanged();
     void phraseKeysAndByteFourteenMoveThePane();
+    void stepsStopAtTheEndsAndCountersKeepTheirForm();
+    void decompilingOnlyForDialogues_data();
+    void decompilingOnlyForDialogues();
+    void propertiesTellWhatTheFileHolds_data();
+    void propertiesTellWhatTheFileHolds();
+    void propertiesCloseOnATypingKeyOrAClick_data();
+    void propertiesCloseOnATypingKeyOrAClick();
+    void aMissingSpeechFileBlinksInTheCaption();
+    void colourAndFontFromThePopUp();
+    void toolTipsOnlyWithTheOption();
 
 private:
     SpeechPane* pane() { return win().findChild<SpeechPane*>(); }
     QPlainTextEdit* text() { return pane()->text(); }
     QString panel(int i) { return child<QLabel>("SBarD_" + QString::number(i))->text(); }
     void type(const QString& s) { QTest::keyClicks(text(), s); }
+    session::SpeechDocument& speech() { return win().session().speech(); }
+    // Opens a speech file of `kind` with the phrases given filled.
+    void openEdt(const std::string& name, EdtKind kind,
+                 std::vector<std::pair<int, const char*>> filled, std::size_t records = 0) {
+        EdtFile file = EdtFile::makeNew(kind);
+        for (const auto& [index, phrase] : filled)
+            QVERIFY(file.setPhrase(index, phrase));
+        auto bytes = file.toBytes();
+        if (records)
+            bytes.resize(records * file.info().recordSize);
+        QVERIFY(speech().openPath(write(name, bytes).toStdString(), kind));
+    }
 };
 
 void SpeechPaneTest::init() {
@@ -127,6 +157,198 @@ void SpeechPaneTest::phraseKeysAndByteFourteenMoveThePane() {
     QCOMPARE(panel(2), "(142:142)");
     QTest::keyClick(text(), Qt::Key_3, Qt::KeypadModifier);
     QCOMPARE(panel(2), "(009:142)");
+    QTest::keyClick(text(), Qt::Key_8, Qt::KeypadModifier); // 2, 5, 8 and 0 type their digit
+    QCOMPARE(text()->toPlainText(), "Девять8");
+}
+
+void SpeechPaneTest::stepsStopAtTheEndsAndCountersKeepTheirForm() {
+    openEdt("ten.edt", EdtKind::NpcDialogues, {{0, "a"}, {9, "j"}}, 10);
+    QCOMPARE(panel(2), "(000:142)");
+    act("TBar_Back")->trigger();
+    act("TBar_Home")->trigger();
+    QCOMPARE(f->prompts.beeps, 2);
+    QCOMPARE(panel(2), "(000:142)");
+    act("TBar_End")->trigger(); // the last phrase of the kind, not the last filled
+    QCOMPARE(panel(2), "(142:142)");
+    QCOMPARE(text()->toPlainText(), QString());
+    act("TBar_Next")->trigger();
+    QCOMPARE(f->prompts.beeps, 3);
+    QCOMPARE(panel(2), "(142:142)");
+    openEdt("rem.edt", EdtKind::Remarks, {{7, "seven"}});
+    speech().showPhrase(7);
+    QCOMPARE(panel(2), "(07:34)");
+    QCOMPARE(panel(1), "005:240");
+}
+
+void SpeechPaneTest::decompilingOnlyForDialogues_data() {
+    QTest::addColumn<std::function<void(SpeechPaneTest*)>>("make");
+    QTest::addColumn<bool>("enabled");
+    using T = SpeechPaneTest;
+    QTest::newRow("new by the plain click")
+        << std::function<void(T*)>([](T* t) { t->act("TBar_New")->trigger(); }) << true;
+    QTest::newRow("new remarks") << std::function<void(T*)>([](T* t) {
+        t->act("TBar_New_Rem")->trigger();
+    }) << false;
+    QTest::newRow("new civilian") << std::function<void(T*)>([](T* t) {
+        t->act("TBar_New_Civ")->trigger();
+    }) << false;
+    QTest::newRow("read dialogues")
+        << std::function<void(T*)>([](T* t) { t->openEdt("d.edt", EdtKind::NpcDialogues, {}); })
+        << true;
+    QTest::newRow("read remarks") << std::function<void(T*)>([](T* t) {
+        t->openEdt("r.edt", EdtKind::Remarks, {});
+    }) << false;
+}
+
+void SpeechPaneTest::decompilingOnlyForDialogues() {
+    QFETCH(std::function<void(SpeechPaneTest*)>, make);
+    QFETCH(bool, enabled);
+    QVERIFY(!act("TBar_Print")->isEnabled());
+    make(this);
+    QCOMPARE(act("TBar_Print")->isEnabled(), enabled);
+    if (!enabled)
+        return;
+    f->prompts.choose(write("Quotes.txt", {}));
+    act("TBar_Print")->trigger();
+    QVERIFY(testutil::readBytes(f->dir / "Quotes.txt").size() > 143 * 80);
+}
+
+void SpeechPaneTest::propertiesTellWhatTheFileHolds_data() {
+    QTest::addColumn<std::function<void(SpeechPaneTest*)>>("make");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<QStringList>("values"); // Lbl0 to Lbl5
+    using T = SpeechPaneTest;
+    using F = std::function<void(T*)>;
+    QTest::newRow("nothing open") << F([](T*) {}) << "Файл не открыт"
+                                  << QStringList{"-", "-", "-", "-", "-", "-"};
+    QTest::newRow("new dialogues")
+        << F([](T* t) { t->act("TBar_New")->trigger(); }) << "Новый файл"
+        << QStringList{"Диалоги НПЦ", " (143)", "Нет", "Нет", "Файл не сохранен", "68160 байт"};
+    QTest::newRow("remarks 3 and 7") << F([](T* t) {
+        t->openEdt("r.edt", EdtKind::Remarks, {{3, "c"}, {7, "g"}});
+    }) << "r.edt" << QStringList{"Комментарии НПЦ", "2 (35)", "3", "7", "3840 байт", "3840 байт"};
+    QTest::newRow("last phrase emptied, not saved") << F([](T* t) {
+        t->openEdt("r.edt", EdtKind::Remarks, {{3, "c"}, {7, "g"}});
+        t->speech().showPhrase(7);
+        t->text()->clear();
+    }) << "r.edt" << QStringList{"Комментарии НПЦ", "1 (35)", "3", "3", "3840 байт", "1920 байт"};
+    QTest::newRow("civilian, phrase 0 only") << F([](T* t) {
+        t->openEdt("c.edt", EdtKind::Civilian, {{0, "a"}});
+    }) << "c.edt" << QStringList{"Диалоги гражд-их", "1 (15)", "0", "0", "320 байт", "320 байт"};
+    QTest::newRow("file gone from disk") << F([](T* t) {
+        t->openEdt("g.edt", EdtKind::Civilian, {});
+        std::filesystem::remove(t->f->dir / "g.edt");
+    }) << "g.edt" << QStringList{"Диалоги гражд-их", "0 (15)",   "Нет", "Нет",
+                                 "Файл не найден",   "4480 байт"};
+}
+
+void SpeechPaneTest::propertiesTellWhatTheFileHolds() {
+    QFETCH(std::function<void(SpeechPaneTest*)>, make);
+    QFETCH(QString, caption);
+    QFETCH(QStringList, values);
+    make(this);
+    FilePropWindow window(speech(), false, &win());
+    QCOMPARE(window.windowTitle(), caption);
+    for (int i = 0; i < values.size(); ++i)
+        QCOMPARE(window.value(i), values[i]);
+    QCOMPARE(window.value(6), "NumPad ...");
+    QCOMPARE(window.value(11), "Page Down");
+    QCOMPARE(window.value(15), "Ctrl+F1");
+    // Centred over the main window.
+    QVERIFY(qAbs(window.frameGeometry().center().x() - win().frameGeometry().center().x()) <= 2);
+}
+
+void SpeechPaneTest::propertiesCloseOnATypingKeyOrAClick_data() {
+    QTest::addColumn<int>("key"); // 0: a click on a label
+    QTest::addColumn<bool>("closes");
+    QTest::newRow("arrow") << int(Qt::Key_Right) << false;
+    QTest::newRow("F5") << int(Qt::Key_F5) << false;
+    QTest::newRow("letter") << int(Qt::Key_A) << true;
+    QTest::newRow("Enter") << int(Qt::Key_Return) << true;
+    QTest::newRow("Escape") << int(Qt::Key_Escape) << true;
+    QTest::newRow("click on a label") << 0 << true;
+}
+
+// Opened by Ctrl+F1 as a modal window; the key is sent while it runs.
+void SpeechPaneTest::propertiesCloseOnATypingKeyOrAClick() {
+    QFETCH(int, key);
+    QFETCH(bool, closes);
+    win().session().options().animation = true; // closes at once, without shrinking
+    bool stillOpen = false;
+    QTimer::singleShot(0, this, [&] {
+        auto* window = qobject_cast<FilePropWindow*>(QApplication::activeModalWidget());
+        QVERIFY(window);
+        if (key)
+            QTest::keyClick(window, Qt::Key(key));
+        else
+            QTest::mouseClick(window->findChild<QLabel*>("Lbl3"), Qt::LeftButton);
+        stillOpen = window->isVisible();
+        if (stillOpen)
+            window->done(0);
+    });
+    QTest::keyClick(text(), Qt::Key_F1, Qt::ControlModifier);
+    QCOMPARE(stillOpen, !closes);
+}
+
+void SpeechPaneTest::aMissingSpeechFileBlinksInTheCaption() {
+    win().session().options().autoLoad = true;
+    openEdt("old.edt", EdtKind::NpcDialogues, {{0, "старый"}});
+    QVERIFY(open(write("053.npc", testutil::script({1}))));
+    const QString warning = "PARLEX    (Автозагрузка: Файл 053.EDT - не найден)";
+    QCOMPARE(win().windowTitle(), warning);
+    QCOMPARE(text()->toPlainText(), "старый"); // the old speech file stays
+    auto* blink = win().findChild<CaptionWarning*>();
+    QVERIFY(blink && blink->isRunning());
+    const QString bare = "PARLEX";
+    for (const QString& expected : {bare, warning, bare, warning, bare}) {
+        blink->tick();
+        QCOMPARE(win().windowTitle(), expected);
+    }
+    blink->tick(); // the fourth warning ends it at once
+    QCOMPARE(win().windowTitle(), bare);
+    QVERIFY(!blink->isRunning());
+
+    QVERIFY(open(write("054.npc", testutil::script({1}))));
+    blink->tick();
+    QVERIFY(open(write("055.npc", testutil::script({1})))); // a second open starts afresh
+    QCOMPARE(win().windowTitle(), "PARLEX    (Автозагрузка: Файл 055.EDT - не найден)");
+    QVERIFY(blink->isRunning());
+}
+
+void SpeechPaneTest::colourAndFontFromThePopUp() {
+    QTest::keyClick(text(), Qt::Key_F3, Qt::ControlModifier);
+    auto* popup = child<QMenu>("nPopUp");
+    QTRY_VERIFY(popup->isVisible());
+    popup->hide();
+    f->prompts.colourAnswer = 0xFFFF80;
+    act("nFon")->trigger();
+    QCOMPARE(text()->palette().color(QPalette::Base), QColor(0xFF, 0xFF, 0x80));
+    f->prompts.fontAnswer = session::TextFont{"Serif", 14, true, true};
+    act("nFont")->trigger();
+    QCOMPARE(text()->font().pointSizeF(), 14.0);
+    QVERIFY(text()->font().bold() && text()->font().italic());
+    f->prompts.fontAnswer.reset(); // cancelled: nothing changes
+    act("nFont")->trigger();
+    QCOMPARE(text()->font().pointSizeF(), 14.0);
+}
+
+void SpeechPaneTest::toolTipsOnlyWithTheOption() {
+    QToolButton* open = nullptr;
+    for (auto* b : pane()->findChildren<QToolButton*>())
+        if (b->defaultAction() == act("TBar_Open"))
+            open = b;
+    QVERIFY(open);
+    const auto hover = [&] {
+        QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), open->mapToGlobal(QPoint(2, 2)));
+        QApplication::sendEvent(open, &help);
+    };
+    hover();
+    QVERIFY(!QToolTip::isVisible());
+    win().session().options().toolTips = true; // takes effect at the next hover
+    hover();
+    QTRY_VERIFY(QToolTip::isVisible());
+    QCOMPARE(QToolTip::text(), "Открыть EDT файл...");
+    QToolTip::hideText();
 }
 
 QTEST_MAIN(SpeechPaneTest)

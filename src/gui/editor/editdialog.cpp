@@ -64,7 +64,7 @@ EditDialog::EditDialog(MainWindow& main, session::ByteEditor editor)
     adjustSize();
     const QScreen* screen = main_.screen();
     move(centredOver(main_.frameGeometry(), frameSize(),
-                        screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768)));
+                     screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768)));
 }
 
 void EditDialog::build() {

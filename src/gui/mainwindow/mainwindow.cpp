@@ -3,6 +3,7 @@
 #include "editor/editdialog.h"
 #include "explain/fieldlayout.h"
 #include "mainwindow/bytegrid.h"
+#include "mainwindow/captionwarning.h"
 #include "mainwindow/explanationbar.h"
 #include "mainwindow/helppanel.h"
 #include "mainwindow/menus.h"
@@ -134,6 +135,8 @@ void MainWindow::wireMenus() {
         {"nCurrent", [this] { session_.showCurrentInfo(); }},
         {"nContecst", [this] { openHelp(); }},
         {"nAbout", [this] { showAbout(); }},
+        {"nFon", [this] { session_.choosePhraseColour(); }},
+        {"nFont", [this] { session_.choosePhraseFont(); }},
     };
     for (const auto& [name, run] : commands)
         connect(menus_->action(name), &QAction::triggered, this, run);
@@ -174,6 +177,10 @@ void MainWindow::wireSession() {
     connect(&session_, &S::fieldShown, this, &MainWindow::showField);
     connect(&session_, &S::historyChanged, this, &MainWindow::updateCommands);
     connect(&session_, &S::bufferChanged, this, &MainWindow::updateCommands);
+    connect(&session_, &S::phraseStyleChanged, speech_, &SpeechPane::applyStyle);
+    auto* warning = new CaptionWarning(this, windowTitle());
+    connect(&session_.speech(), &session::SpeechDocument::companionMissing, warning,
+            &CaptionWarning::start);
 }
 
 // ---------------------------------------------------------------- showing the session
@@ -321,7 +328,7 @@ void MainWindow::runKey(KeyAction key) {
         {K::Back, [this] { session_.previousRecord(); }},
         {K::PopupMenu, [this] { menus_->popup()->popup(QCursor::pos()); }},
         {K::Exit, [this] { close(); }},
-        {K::SpeechInfo, [this] { prompts_.beep(); }}, // the properties window comes later
+        {K::SpeechInfo, [this] { speech_->showProperties(); }},
         {K::SpeechSaveAs, [this] { session_.speech().saveAs(); }},
         {K::PhraseHome, phraseKey(Step::Home)},
         {K::PhraseBack, phraseKey(Step::Back)},

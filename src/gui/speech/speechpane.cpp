@@ -1,7 +1,9 @@
 #include "speech/speechpane.h"
 
 #include "mainwindow/statuspanels.h"
+#include "session/options.h"
 #include "session/speechdocument.h"
+#include "speech/filepropwindow.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -47,20 +49,21 @@ SpeechPane::SpeechPane(session::SpeechDocument& speech, QWidget* parent)
         const char* key;
         const char* label;
         const char* tip;
-        std::function<void()> run; // none yet: the button stays disabled
+        std::function<void()> run;
     } buttons[] = {
         {"Open", "Открыть", "Открыть EDT файл...", [this] { speech_.open(); }},
         {"New", "Создать", "Создать EDT файл (Диалоги НПЦ)",
          [this] { speech_.newDocument(EdtKind::NpcDialogues); }},
         {"SaveAs", "Сохранить", "Сохранить EDT файл", [this] { speech_.save(); }},
-        {"Print", "Текст", "Раскомпилировать (!!!только для (НПЦ).*EDT)", {}},
+        {"Print", "Текст", "Раскомпилировать (!!!только для (НПЦ).*EDT)",
+         [this] { speech_.decompile(); }},
         {nullptr, nullptr, nullptr, {}},
         {"Home", "|<", "Перейти к началу", [this] { speech_.step(Step::Home); }},
         {"Back", "<", "Предыдущая фраза", [this] { speech_.step(Step::Back); }},
         {"Next", ">", "Следующая фраза", [this] { speech_.step(Step::Next); }},
         {"End", ">|", "Перейти в конец", [this] { speech_.step(Step::End); }},
         {nullptr, nullptr, nullptr, {}},
-        {"Info", "i", "Информация о файле", {}},
+        {"Info", "i", "Информация о файле", [this] { showProperties(); }},
     };
     for (const auto& b : buttons) {
         if (!b.key) {
@@ -70,12 +73,11 @@ SpeechPane::SpeechPane(session::SpeechDocument& speech, QWidget* parent)
         auto* action = new QAction(b.label, bar);
         action->setObjectName(QString("TBar_") + b.key);
         action->setToolTip(b.tip);
-        action->setEnabled(static_cast<bool>(b.run));
-        if (b.run)
-            connect(action, &QAction::triggered, this, b.run);
+        connect(action, &QAction::triggered, this, b.run);
         auto* button = new QToolButton(bar);
         button->setDefaultAction(action);
         button->setAutoRaise(true);
+        button->installEventFilter(this); // tool tips only with the option on
         row->addWidget(button);
         if (QString(b.key) == "New") { // the other two kinds in its drop-down
             auto* kinds = new QMenu(button);
@@ -98,20 +100,39 @@ SpeechPane::SpeechPane(session::SpeechDocument& speech, QWidget* parent)
     layout->addWidget(bar);
 
     button("SaveAs")->setEnabled(false); // nothing to save yet
+    button("Print")->setEnabled(false);  // nor to decompile
     connect(text_, &QPlainTextEdit::textChanged, this, &SpeechPane::textEdited);
     using D = session::SpeechDocument;
     connect(&speech_, &D::documentReplaced, this, &SpeechPane::showDocument);
     connect(&speech_, &D::phraseShown, this, &SpeechPane::showPhrase);
     connect(&speech_, &D::notOpen, this, [this] { status_->setText(3, "Файл не открыт!"); });
+    applyStyle();
 }
 
 QAction* SpeechPane::button(const QString& key) const {
     return findChild<QAction*>("TBar_" + key);
 }
 
+void SpeechPane::showProperties() {
+    FilePropWindow window(speech_, !speech_.options().animation, this->window());
+    window.exec();
+}
+
+void SpeechPane::applyStyle() {
+    const session::Options& o = speech_.options();
+    QPalette p = text_->palette();
+    p.setColor(QPalette::Base, QColor::fromRgb(o.phraseBackColour));
+    text_->setPalette(p);
+    QFont f(QString::fromStdString(o.phraseFont.family));
+    f.setPointSizeF(o.phraseFont.pointSize);
+    f.setBold(o.phraseFont.bold);
+    f.setItalic(o.phraseFont.italic);
+    text_->setFont(f);
+}
+
 void SpeechPane::showDocument() {
-    text_->setReadOnly(false);          // unlocked for good by the first document
-    button("Print")->setEnabled(false); // decompiling comes in a later step
+    text_->setReadOnly(false); // unlocked for good by the first document
+    button("Print")->setEnabled(speech_.canDecompile());
     showPath();
     showPhrase();
     text_->setFocus();
@@ -165,6 +186,9 @@ void SpeechPane::textEdited() {
 bool SpeechPane::eventFilter(QObject* watched, QEvent* event) {
     if (watched == status_->label(3) && event->type() == QEvent::Resize)
         showPath();
+    // The option is read at each hover, so a change takes effect at once.
+    if (event->type() == QEvent::ToolTip && qobject_cast<QToolButton*>(watched))
+        return !speech_.options().toolTips;
     // Enter never makes a line: a phrase is one line.
     if (watched == text_ && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();

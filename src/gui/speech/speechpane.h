@@ -23,6 +23,10 @@ public:
 
     QPlainTextEdit* text() const { return text_; }
     QAction* button(const QString& key) const;
+    // The properties window of the speech file, modal over the main window.
+    void showProperties();
+    // The colour and the font of the phrase text from the options.
+    void applyStyle();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
