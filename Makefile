@@ -41,6 +41,7 @@ test-sanitize: deps
 
 bench: build
 	@for b in $(BUILD)/benchmarks/bench_*; do $$b --benchmark_repetitions=5 --benchmark_report_aggregates_only=true; done
+	$(BUILD)/benchmarks/session_keystroke --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
 	QT_QPA_PLATFORM=offscreen $(BUILD)/benchmarks/qbench_window -median 15
 
 format:

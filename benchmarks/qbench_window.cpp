@@ -4,16 +4,20 @@
 //   hover:  the mouse onto another field until the explanation is repainted, against
 //           one plain label changing its text and being repainted;
 //   list:   F5 (500 trigger rows) until the list is repainted, against 500 rows put
-//           into a plain list widget one by one.
+//           into a plain list widget one by one;
+//   type:   a letter typed and deleted in the phrase text of a full file of NPC
+//           dialogues, until repainted, against the same keys in a plain text box.
 // Run: QT_QPA_PLATFORM=offscreen build/benchmarks/qbench_window -median 15
 #include "mainwindow/mainwindow.h"
 #include "prompts/dialogprompts.h"
+#include "speech/edtfile.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <filesystem>
 
@@ -26,6 +30,8 @@ private slots:
     void hoverBaseline();
     void showList();
     void showListBaseline();
+    void type();
+    void typeBaseline();
 
 private:
     void hoverOn(int index) {
@@ -97,6 +103,45 @@ void WindowBench::showListBaseline() {
             list.addItem(row);
         repaintNow();
     }
+}
+
+// Two keystrokes an iteration: a letter at the end of the phrase, and Backspace.
+static void typeAndDelete(QPlainTextEdit* text) {
+    QBENCHMARK {
+        QTest::keyClick(text, Qt::Key_A);
+        QCoreApplication::sendPostedEvents();
+        QTest::keyClick(text, Qt::Key_Backspace);
+        QCoreApplication::sendPostedEvents();
+    }
+}
+
+void WindowBench::type() {
+    using namespace parlex;
+    EdtFile file = EdtFile::makeNew(EdtKind::NpcDialogues);
+    for (int i = 0; i <= file.lastPhrase(); ++i) {
+        std::string phrase;
+        while (phrase.size() < 440)
+            phrase += "Фраза номер " + std::to_string(i) + " я ";
+        QVERIFY(file.setPhrase(i, phrase.substr(0, phrase.find(' ', 400))));
+    }
+    const auto path = std::filesystem::temp_directory_path() / "qbench_window.edt";
+    QVERIFY(file.saveAs(path));
+    QVERIFY(window_->session().speech().openPath(path, EdtKind::NpcDialogues));
+    window_->session().speech().showPhrase(71);
+    auto* text = window_->findChild<QPlainTextEdit*>("Txt");
+    text->moveCursor(QTextCursor::End);
+    typeAndDelete(text);
+    std::filesystem::remove(path);
+}
+
+void WindowBench::typeBaseline() {
+    QPlainTextEdit text;
+    text.resize(400, 120);
+    text.setPlainText(window_->findChild<QPlainTextEdit*>("Txt")->toPlainText());
+    text.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&text));
+    text.moveCursor(QTextCursor::End);
+    typeAndDelete(&text);
 }
 
 QTEST_MAIN(WindowBench)

@@ -151,10 +151,13 @@ void SpeechPane::showPhrase() {
 void SpeechPane::showCounters() {
     status_->setText(1, speech_.lengthCounter());
     status_->setText(2, speech_.phraseCounter());
-    const bool over = text_->toPlainText().size() > speech_.textLimit();
-    QPalette p = text_->palette();
-    p.setColor(QPalette::Text, over ? kOverLimit : palette().color(QPalette::Text));
-    text_->setPalette(p);
+    const bool over = text_->document()->characterCount() - 1 > speech_.textLimit();
+    const QColor colour = over ? kOverLimit : palette().color(QPalette::Text);
+    if (text_->palette().color(QPalette::Text) != colour) { // a new palette restyles the box
+        QPalette p = text_->palette();
+        p.setColor(QPalette::Text, colour);
+        text_->setPalette(p);
+    }
     button("SaveAs")->setEnabled(speech_.canSave());
 }
 
