@@ -1,15 +1,19 @@
 // Qt's own dialogs as the user meets them: Russian texts and the filter lists.
 #include "app/translations.h"
 #include "prompts/dialogprompts.h"
+#include "prompts/fontchooser.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDoubleSpinBox>
 #include <QFileDialog>
 #include <QPushButton>
 #include <QTest>
 
 using parlex::gui::DialogPrompts;
+using parlex::gui::FontChooser;
 
 class DialogsTest : public QObject {
     Q_OBJECT
@@ -18,6 +22,8 @@ private slots:
     void qtSpeaksRussian();
     void filterListShowsTheTextsExactly_data();
     void filterListShowsTheTextsExactly();
+    void fontSizesStayWithinTheLimits_data();
+    void fontSizesStayWithinTheLimits();
 };
 
 void DialogsTest::initTestCase() {
@@ -63,6 +69,35 @@ void DialogsTest::filterListShowsTheTextsExactly() {
         dialog.selectNameFilter(DialogPrompts::qtFilters(filters)[number - 1]);
         QCOMPARE(DialogPrompts::filterNumber(filters, dialog.selectedNameFilter()), number);
     }
+}
+
+void DialogsTest::fontSizesStayWithinTheLimits_data() {
+    QTest::addColumn<double>("start");
+    QTest::addColumn<QString>("typed"); // into the size box
+    QTest::addColumn<double>("chosen");
+    QTest::newRow("start kept") << 9.75 << QString() << 9.75;
+    QTest::newRow("start too large") << 30.0 << QString() << 18.0;
+    QTest::newRow("typed too small: refused") << 10.0 << "2" << 10.0;
+    QTest::newRow("typed within") << 10.0 << "12" << 12.0;
+}
+
+void DialogsTest::fontSizesStayWithinTheLimits() {
+    QFETCH(double, start);
+    QFETCH(QString, typed);
+    QFETCH(double, chosen);
+    FontChooser dialog({"MS Sans Serif", start, false, true}, 4, 18);
+    auto* size = dialog.findChild<QDoubleSpinBox*>("FontSize");
+    if (!typed.isEmpty()) {
+        size->selectAll();
+        QTest::keyClicks(size, typed);
+        size->interpretText();
+        QTest::keyClick(size, Qt::Key_Tab);
+    }
+    dialog.findChild<QCheckBox*>("FontBold")->setChecked(true);
+    const auto font = dialog.font();
+    QCOMPARE(font.pointSize, chosen);
+    QVERIFY(font.bold && font.italic);
+    QVERIFY(!font.family.empty());
 }
 
 QTEST_MAIN(DialogsTest)

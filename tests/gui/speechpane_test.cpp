@@ -29,6 +29,7 @@ private slots:
     void pastedLinesBecomeOnePhrase();
     void typingBackMakesAFileUnchanged();
     void phraseKeysAndByteFourteenMoveThePane();
+    void padKeysOfCommandsTypeNothing();
     void stepsStopAtTheEndsAndCountersKeepTheirForm();
     void decompilingOnlyForDialogues_data();
     void decompilingOnlyForDialogues();
@@ -159,6 +160,18 @@ void SpeechPaneTest::phraseKeysAndByteFourteenMoveThePane() {
     QCOMPARE(panel(2), "(009:142)");
     QTest::keyClick(text(), Qt::Key_8, Qt::KeypadModifier); // 2, 5, 8 and 0 type their digit
     QCOMPARE(text()->toPlainText(), "Девять8");
+}
+
+// The pad's record keys type nothing in the text, even with no script open to use them.
+void SpeechPaneTest::padKeysOfCommandsTypeNothing() {
+    act("TBar_New")->trigger();
+    for (int key : {Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Asterisk, Qt::Key_Slash, Qt::Key_Period,
+                    Qt::Key_Return, Qt::Key_Enter})
+        QTest::keyClick(text(), Qt::Key(key), Qt::KeypadModifier);
+    QCOMPARE(text()->toPlainText(), QString());
+    QTest::keyClick(text(), Qt::Key_5, Qt::KeypadModifier);
+    QTest::keyClick(text(), Qt::Key_Plus); // the main keyboard's plus types
+    QCOMPARE(text()->toPlainText(), "5+");
 }
 
 void SpeechPaneTest::stepsStopAtTheEndsAndCountersKeepTheirForm() {

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QSet>
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -186,17 +187,28 @@ void SpeechPane::textEdited() {
     showCounters();
 }
 
+// Keys that never reach the text: Enter (a phrase is one line), and the keys of
+// the numeric pad that move through phrases and records, also while no script is
+// open to take them. Pad 2, 5, 8 and 0 type their digits; with NumLock off the pad
+// sends cursor keys, which edit as usual.
+bool SpeechPane::swallowed(const QKeyEvent& key) {
+    static const QSet<int> padCommands = {Qt::Key_1,        Qt::Key_3,     Qt::Key_4,
+                                          Qt::Key_6,        Qt::Key_7,     Qt::Key_9,
+                                          Qt::Key_Asterisk, Qt::Key_Plus,  Qt::Key_Minus,
+                                          Qt::Key_Period,   Qt::Key_Comma, Qt::Key_Slash};
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
+        return true;
+    return key.modifiers().testFlag(Qt::KeypadModifier) && padCommands.contains(key.key());
+}
+
 bool SpeechPane::eventFilter(QObject* watched, QEvent* event) {
     if (watched == status_->label(3) && event->type() == QEvent::Resize)
         showPath();
     // The option is read at each hover, so a change takes effect at once.
     if (event->type() == QEvent::ToolTip && qobject_cast<QToolButton*>(watched))
         return !speech_.options().toolTips;
-    // Enter never makes a line: a phrase is one line.
-    if (watched == text_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        return key == Qt::Key_Return || key == Qt::Key_Enter;
-    }
+    if (watched == text_ && event->type() == QEvent::KeyPress)
+        return swallowed(*static_cast<QKeyEvent*>(event));
     return QWidget::eventFilter(watched, event);
 }
 

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QAction;
+class QKeyEvent;
 class QPlainTextEdit;
 
 namespace parlex::session {
@@ -37,6 +38,7 @@ private:
     void showCounters();
     void showPath();
     void textEdited();
+    static bool swallowed(const QKeyEvent& key);
 
     session::SpeechDocument& speech_;
     QPlainTextEdit* text_;
