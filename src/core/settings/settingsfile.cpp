@@ -1,0 +1,273 @@
+#include "settings/settingsfile.h"
+
+#include "platform/files.h"
+#include "text/cp1251.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <vector>
+
+namespace parlex {
+namespace {
+
+constexpr std::size_t kLineLimit = 260; // longer lines are cut
+constexpr std::string_view kEnd = "\r\n";
+
+// The keys in the order the lines are matched: the first key the line starts with
+// (with its "=") decides.
+enum class Key {
+    Top,
+    Left,
+    Width,
+    Height,
+    WTop,
+    WLeft,
+    Path,
+    SPath,
+    ToolTip,
+    Animation,
+    FlagOverwrite,
+    LSize,
+    LAlig,
+    ShowMessages,
+    FontName,
+    FontSize,
+    Bold,
+    Italic,
+    Fon,
+    RemebPath,
+    AutoLoad,
+};
+constexpr std::pair<Key, std::string_view> kKeys[] = {
+    {Key::Top, "Top"},
+    {Key::Left, "Left"},
+    {Key::Width, "Width"},
+    {Key::Height, "Height"},
+    {Key::WTop, "wTop"},
+    {Key::WLeft, "wLeft"},
+    {Key::Path, "Path"},
+    {Key::SPath, "sPath"},
+    {Key::ToolTip, "ToolTip"},
+    {Key::Animation, "Animation"},
+    {Key::FlagOverwrite, "FlagOverwrite"},
+    {Key::LSize, "lSize"},
+    {Key::LAlig, "lAlig"},
+    {Key::ShowMessages, "ShowMessages"},
+    {Key::FontName, "edtTxtFontName"},
+    {Key::FontSize, "edtTxtFontSize"},
+    {Key::Bold, "edtTxtBold"},
+    {Key::Italic, "edtTxtItalic"},
+    {Key::Fon, "edtTxtFon"},
+    {Key::RemebPath, "RemebPath"},
+    {Key::AutoLoad, "AutoLoad"},
+};
+constexpr std::size_t kKeyCount = std::size(kKeys);
+
+std::string_view trimmed(std::string_view s) {
+    while (!s.empty() && (s.front() == ' ' || s.front() == '\t'))
+        s.remove_prefix(1);
+    while (!s.empty() && (s.back() == ' ' || s.back() == '\t'))
+        s.remove_suffix(1);
+    return s;
+}
+
+// The whole value as a number (blanks around it allowed), or nothing.
+std::optional<double> number(std::string_view s) {
+    s = trimmed(s);
+    if (!s.empty() && s.front() == '+')
+        s.remove_prefix(1);
+    double value = 0;
+    const auto [end, ec] = std::from_chars(s.data(), s.data() + s.size(), value);
+    if (s.empty() || ec != std::errc() || end != s.data() + s.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+std::optional<std::int32_t> integer(std::string_view s) {
+    s = trimmed(s);
+    std::int32_t value = 0;
+    const auto [end, ec] = std::from_chars(s.data(), s.data() + s.size(), value);
+    if (s.empty() || ec != std::errc() || end != s.data() + s.size())
+        return std::nullopt;
+    return value;
+}
+
+bool flag(std::string_view kept) {
+    return !kept.empty() && kept.front() == '1';
+}
+
+// Whole twips, divided without remainder.
+double wholeDivided(double dividend, int divisor) {
+    return static_cast<double>(std::llround(dividend) / divisor);
+}
+
+std::string shortest(double value) {
+    char buffer[32];
+    const auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return ec == std::errc() ? std::string(buffer, end) : std::string("0");
+}
+
+// A text as the file holds it; one that Windows-1251 cannot hold is left empty.
+std::string fileText(const std::string& utf8) {
+    auto bytes = text::utf8ToCp1251(utf8);
+    return bytes ? *bytes : std::string();
+}
+
+} // namespace
+
+void applySettingsText(std::string_view text, Settings& s, const ScreenTwips& screen,
+                       const std::function<bool(const std::string&)>& stillThere) {
+    if (text.empty()) {
+        s.left = (screen.width - s.width) / 2;
+        s.top = (screen.height - s.height) / 2;
+        return;
+    }
+    // What the file says, by key; the last line of a key counts.
+    std::optional<std::string_view> values[kKeyCount];
+    while (!text.empty()) {
+        const std::size_t eol = text.find('\n');
+        std::string_view line = text.substr(0, eol);
+        text.remove_prefix(eol == std::string_view::npos ? text.size() : eol + 1);
+        if (!line.empty() && line.back() == '\r')
+            line.remove_suffix(1);
+        if (line.empty() || line.front() == ';' || line.front() == '[')
+            continue;
+        line = line.substr(0, kLineLimit);
+        for (std::size_t k = 0; k < kKeyCount; ++k) {
+            const std::string_view key = kKeys[k].second;
+            if (line.size() > key.size() && line.starts_with(key) && line[key.size()] == '=') {
+                values[k] = line.substr(key.size() + 1);
+                break;
+            }
+        }
+    }
+    const auto value = [&](Key key) { return values[static_cast<std::size_t>(key)]; };
+    const auto kept = [&](Key key) { return value(key).value_or(std::string_view()); };
+    const auto take = [&](Key key, double& target) {
+        if (const auto v = value(key))
+            if (const auto n = number(*v))
+                target = *n;
+    };
+
+    take(Key::Top, s.top);
+    take(Key::Left, s.left);
+    take(Key::Width, s.width);
+    take(Key::Height, s.height);
+    take(Key::WTop, s.splitterTop);
+    take(Key::WLeft, s.splitterLeft);
+    if (const auto v = value(Key::Path))
+        s.scriptPath = text::cp1251ToUtf8(*v);
+    if (const auto v = value(Key::SPath))
+        s.speechPath = text::cp1251ToUtf8(*v);
+
+    // The window within the screen and above its least size.
+    if (s.height > screen.height + 200 || s.height < 7000)
+        s.height = 7000;
+    if (s.width > screen.width + 200 || s.width < 9000)
+        s.width = 9000;
+    if (s.top > screen.height - 300 || s.top < -200)
+        s.top = (screen.height - s.height) / 2;
+    if (s.left > screen.width - 300 || s.left + 9000 < -200)
+        s.left = (screen.width - s.width) / 2;
+    // The bars within the window.
+    const double innerWidth = s.width - screen.frameWidth;
+    const double innerHeight = s.height - screen.frameHeight;
+    if (s.splitterLeft < 500 || s.splitterLeft > innerWidth - 3850)
+        s.splitterLeft = wholeDivided(s.width, 3);
+    if (s.splitterTop < 1430 || s.splitterTop > innerHeight - 1450)
+        s.splitterTop = wholeDivided(s.height, 2);
+
+    s.toolTips = flag(kept(Key::ToolTip));
+    s.animation = flag(kept(Key::Animation));
+    s.flagOverwrite = flag(kept(Key::FlagOverwrite));
+    s.showMessages = flag(kept(Key::ShowMessages));
+
+    s.helpFontSize = std::clamp(number(kept(Key::LSize)).value_or(8), 8.0, 14.0);
+    const std::string_view alignment = kept(Key::LAlig);
+    s.helpAlignment = !alignment.empty() && alignment.front() >= '0' && alignment.front() <= '9'
+                          ? std::min(alignment.front() - '0', 2)
+                          : 0;
+
+    if (const auto name = value(Key::FontName); name && !name->empty())
+        s.fontName = text::cp1251ToUtf8(*name);
+    s.fontSize = std::clamp(number(kept(Key::FontSize)).value_or(10), 4.0, 18.0);
+    s.bold = flag(kept(Key::Bold));
+    s.italic = flag(kept(Key::Italic));
+    if (const auto colour = integer(kept(Key::Fon)))
+        s.backColour = *colour;
+
+    s.rememberPath = flag(kept(Key::RemebPath));
+    s.findEdtName = !s.rememberPath;
+    s.autoLoad = flag(kept(Key::AutoLoad));
+
+    if (!s.scriptPath.empty() && !stillThere(s.scriptPath))
+        s.scriptPath.clear();
+    if (!s.speechPath.empty() && !stillThere(s.speechPath))
+        s.speechPath.clear();
+}
+
+std::string settingsText(const Settings& s) {
+    const auto bit = [](bool b) { return std::string(b ? "1" : "0"); };
+    using Entries = std::vector<std::pair<std::string_view, std::string>>;
+    const std::pair<std::string_view, Entries> sections[] = {
+        {"[POSITION]",
+         {{"Top", shortest(s.top)},
+          {"Left", shortest(s.left)},
+          {"Width", shortest(s.width)},
+          {"Height", shortest(s.height)},
+          {"wTop", shortest(s.splitterTop)},
+          {"wLeft", shortest(s.splitterLeft)},
+          {"lSize", shortest(s.helpFontSize)},
+          {"lAlig", std::to_string(s.helpAlignment)}}},
+        {"[INTERFACE]",
+         {{"ToolTip", bit(s.toolTips)},
+          {"Animation", bit(s.animation)},
+          {"FlagOverwrite", bit(s.flagOverwrite)},
+          {"ShowMessages", bit(s.showMessages)},
+          {"edtTxtFontName", fileText(s.fontName)},
+          {"edtTxtFontSize", shortest(s.fontSize)},
+          {"edtTxtBold", bit(s.bold)},
+          {"edtTxtItalic", bit(s.italic)},
+          {"edtTxtFon", std::to_string(s.backColour)},
+          {"RemebPath", bit(s.rememberPath)},
+          {"AutoLoad", bit(s.autoLoad)}}},
+        {"[HISTORY]", {{"Path", fileText(s.scriptPath)}, {"sPath", fileText(s.speechPath)}}},
+    };
+    std::string out = "; PARLEX: CONFIGURATION FILE";
+    out += kEnd;
+    for (const auto& [name, entries] : sections) {
+        out += kEnd;
+        out += name;
+        out += kEnd;
+        for (const auto& [key, value] : entries) {
+            out += key;
+            out += '=';
+            out += value;
+            out += kEnd;
+        }
+    }
+    return out;
+}
+
+bool rememberedPathUsable(const std::string& path) {
+    std::error_code ec;
+    const std::filesystem::path p(path);
+    return std::filesystem::exists(p, ec) && platform::driveKind(p) == platform::DriveKind::Fixed;
+}
+
+void readSettingsFile(const std::filesystem::path& file, Settings& settings,
+                      const ScreenTwips& screen) {
+    const auto bytes = platform::readFile(file);
+    const std::string text = bytes ? std::string(bytes->begin(), bytes->end()) : std::string();
+    applySettingsText(text, settings, screen, rememberedPathUsable);
+}
+
+Result<void> writeSettingsFile(const std::filesystem::path& file, const Settings& settings) {
+    if (platform::driveKind(file) == platform::DriveKind::ReadOnly)
+        return std::unexpected(platform::readOnlyDriveError(file, false));
+    return platform::writeFileAtomic(file, settingsText(settings));
+}
+
+} // namespace parlex

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "common/error.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace parlex {
+
+// What the program remembers between runs. Geometry is in twips (15 to a pixel);
+// colours are the platform's colour value (0x00BBGGRR). Paths are UTF-8.
+struct Settings {
+    double top = 0, left = 0, width = 0, height = 0; // the window, outer
+    double splitterTop = 0;  // top of the bar between the help text and the panes
+    double splitterLeft = 0; // left of the bar between the list and the speech pane
+    double helpFontSize = 8; // the help text under the grid: 8-14 points
+    int helpAlignment = 0;   // 0 left, 1 right, 2 centre
+    bool toolTips = false;
+    bool animation = false; // set: windows close at once, without shrinking away
+    bool flagOverwrite = true;
+    bool showMessages = true;
+    std::string fontName = "MS Sans Serif"; // of the phrase text
+    double fontSize = 9.75;                 // 4-18 points
+    bool bold = false, italic = false;
+    std::int32_t backColour = 0x00FFFFFF; // of the phrase text
+    bool rememberPath = false;            // always the opposite of findEdtName
+    bool findEdtName = true;
+    bool autoLoad = false;
+    std::string scriptPath; // the last script, kept only while it is still there
+    std::string speechPath; // the last speech file, likewise
+    bool operator==(const Settings&) const = default;
+};
+
+// The screen and the window's frame (outer size minus inner size), in twips.
+struct ScreenTwips {
+    double width = 0, height = 0;
+    double frameWidth = 0, frameHeight = 0;
+};
+
+// Applies the text of a settings file (Windows-1251) to `settings`, which holds the
+// defaults and the window's design geometry. Lines are matched by their keys at the
+// start, case-sensitively, in any section; a value that is no number leaves its
+// setting as it was; a flag missing from the file is off; the window and the bars
+// are brought back within the screen and the limits, sizes kept within theirs.
+// Remembered paths are kept only when `stillThere` says so. Empty text centres the
+// window and leaves the defaults.
+void applySettingsText(std::string_view text, Settings& settings, const ScreenTwips& screen,
+                       const std::function<bool(const std::string&)>& stillThere);
+
+// The file's 28 lines, Windows-1251 with CR LF; floats with a "." separator.
+std::string settingsText(const Settings& settings);
+
+// A remembered path is kept when it is a file or folder on a fixed, local disk.
+bool rememberedPathUsable(const std::string& path);
+
+// The settings file read and applied (a missing or unreadable file counts as empty).
+void readSettingsFile(const std::filesystem::path& file, Settings& settings,
+                      const ScreenTwips& screen);
+// Written atomically; on a read-only medium nothing is written (ReadOnlyDrive).
+Result<void> writeSettingsFile(const std::filesystem::path& file, const Settings& settings);
+
+} // namespace parlex

@@ -1,0 +1,207 @@
+// The settings file: what each line does to the settings, the limits the reader
+// holds them to, and the file the writer makes.
+#include "settings/settingsfile.h"
+#include "testutil.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <set>
+
+using namespace parlex;
+
+namespace {
+
+// A screen of 1024 x 768 pixels and a frame of 8 x 46 pixels, in twips.
+constexpr ScreenTwips kScreen{15360, 11520, 120, 690};
+
+// The design window, as the program has it before the file is read.
+Settings designed() {
+    Settings s;
+    s.width = 9000;
+    s.height = 7005;
+    s.top = 500;
+    s.left = 600;
+    s.splitterTop = 2000;
+    s.splitterLeft = 2500;
+    return s;
+}
+
+const std::set<std::string> kExisting = {"/mods/053.npc", "/mods/053.EDT"};
+
+Settings read(const std::string& text) {
+    Settings s = designed();
+    applySettingsText(text, s, kScreen,
+                      [](const std::string& path) { return kExisting.contains(path); });
+    return s;
+}
+
+struct Case {
+    const char* name;
+    std::string text;
+    std::function<void(const Settings&)> check;
+};
+
+class SettingsRead : public ::testing::TestWithParam<Case> {};
+
+TEST_P(SettingsRead, TheLinesSetWhatTheySay) {
+    GetParam().check(read(GetParam().text));
+}
+
+const Case kCases[] = {
+    {"NoFileCentresTheWindowAndKeepsTheDefaults", "",
+     [](const Settings& s) {
+         EXPECT_EQ(s.left, (15360 - 9000) / 2.0);
+         EXPECT_EQ(s.top, (11520 - 7005) / 2.0);
+         EXPECT_TRUE(s.flagOverwrite && s.showMessages && s.findEdtName);
+         EXPECT_EQ(s.fontSize, 9.75);
+     }},
+    {"AMissingFlagIsOffAndMissingSizesTakeTheirFallbacks", "Top=1000\r\n",
+     [](const Settings& s) {
+         EXPECT_EQ(s.top, 1000);
+         EXPECT_FALSE(s.flagOverwrite || s.showMessages || s.toolTips || s.autoLoad);
+         EXPECT_EQ(s.helpFontSize, 8);
+         EXPECT_EQ(s.fontSize, 10);
+         EXPECT_TRUE(s.findEdtName);
+         EXPECT_EQ(s.fontName, "MS Sans Serif") << "a missing name keeps the design font";
+     }},
+    {"KeysInOtherCaseOrWithABlankAreIgnored", "top=100\r\nTop =100\r\nTOOLTIP=1\r\n",
+     [](const Settings& s) {
+         EXPECT_EQ(s.top, 500);
+         EXPECT_FALSE(s.toolTips);
+     }},
+    {"OnlyTheFirstCharacterOfAFlagCounts_1x", "ToolTip=1x",
+     [](const Settings& s) { EXPECT_TRUE(s.toolTips); }},
+    {"OnlyTheFirstCharacterOfAFlagCounts_10", "ToolTip=10",
+     [](const Settings& s) { EXPECT_TRUE(s.toolTips); }},
+    {"OnlyTheFirstCharacterOfAFlagCounts_01", "ToolTip=01",
+     [](const Settings& s) { EXPECT_FALSE(s.toolTips); }},
+    {"AlignmentFromItsFirstCharacter_12", "lAlig=12",
+     [](const Settings& s) { EXPECT_EQ(s.helpAlignment, 1); }},
+    {"AlignmentALoneMinusIsNoNumber", "lAlig=-1",
+     [](const Settings& s) { EXPECT_EQ(s.helpAlignment, 0); }},
+    {"AlignmentAboveTwo", "lAlig=5", [](const Settings& s) { EXPECT_EQ(s.helpAlignment, 2); }},
+    {"HelpSizeBelowEight", "lSize=7", [](const Settings& s) { EXPECT_EQ(s.helpFontSize, 8); }},
+    {"HelpSizeAboveFourteen", "lSize=15", [](const Settings& s) { EXPECT_EQ(s.helpFontSize, 14); }},
+    {"HelpSizeWithin", "lSize=10.5", [](const Settings& s) { EXPECT_EQ(s.helpFontSize, 10.5); }},
+    {"PaneSizeBelowFour", "edtTxtFontSize=3", [](const Settings& s) { EXPECT_EQ(s.fontSize, 4); }},
+    {"PaneSizeAboveEighteen", "edtTxtFontSize=19",
+     [](const Settings& s) { EXPECT_EQ(s.fontSize, 18); }},
+    {"PaneSizeAWord", "edtTxtFontSize=big", [](const Settings& s) { EXPECT_EQ(s.fontSize, 10); }},
+    {"AHeightAboveTheScreen", "Height=99999", [](const Settings& s) { EXPECT_EQ(s.height, 7000); }},
+    {"ALeftOf9200BeyondTheEdgeStays", "Left=-9200",
+     [](const Settings& s) { EXPECT_EQ(s.left, -9200); }},
+    {"ALeftOf9201IsCentred", "Width=12000\r\nLeft=-9201",
+     [](const Settings& s) { EXPECT_EQ(s.left, (15360 - 12000) / 2.0); }},
+    {"ATopBelowTheScreenIsCentred", "Top=11221",
+     [](const Settings& s) { EXPECT_EQ(s.top, (11520 - 7005) / 2.0); }},
+    {"AWidthBelowTheLeastSize", "Width=8999", [](const Settings& s) { EXPECT_EQ(s.width, 9000); }},
+    {"ANumberThatCannotBeReadLeavesTheValue", "Width=abc\r\nTop=1e3x",
+     [](const Settings& s) {
+         EXPECT_EQ(s.width, 9000);
+         EXPECT_EQ(s.top, 500);
+     }},
+    {"BarsOutsideTheWindowGoToAThirdAndAHalf", "wLeft=499\r\nwTop=1429",
+     [](const Settings& s) {
+         EXPECT_EQ(s.splitterLeft, 3000);
+         EXPECT_EQ(s.splitterTop, 3502) << "7005 / 2 without the remainder";
+     }},
+    {"BarsWithinTheWindowStay", "wLeft=500\r\nwTop=1430",
+     [](const Settings& s) {
+         EXPECT_EQ(s.splitterLeft, 500);
+         EXPECT_EQ(s.splitterTop, 1430);
+     }},
+    {"ABarBeyondTheInnerWidth", "wLeft=5031", // 9000 - 120 - 3850 = 5030
+     [](const Settings& s) { EXPECT_EQ(s.splitterLeft, 3000); }},
+    {"KeysInAnySectionOrNone", "ShowMessages=1\r\n[HISTORY]\r\nAnimation=1\r\n[X]\r\nAutoLoad=1",
+     [](const Settings& s) { EXPECT_TRUE(s.showMessages && s.animation && s.autoLoad); }},
+    {"TheLastOfTwoLinesCounts", "Top=1000\r\nTop=2000\n",
+     [](const Settings& s) { EXPECT_EQ(s.top, 2000); }},
+    {"RememberingThePathTurnsTheNameFindingOff", "RemebPath=1",
+     [](const Settings& s) { EXPECT_TRUE(s.rememberPath && !s.findEdtName); }},
+    {"TheColourIsASignedNumber", "edtTxtFon=-2147483643",
+     [](const Settings& s) { EXPECT_EQ(s.backColour, -2147483643); }},
+    {"AColourThatIsNoNumberStays", "edtTxtFon=red",
+     [](const Settings& s) { EXPECT_EQ(s.backColour, 0xFFFFFF); }},
+    {"PathsThatAreStillThereStay", "Path=/mods/053.npc\r\nsPath=/mods/053.EDT",
+     [](const Settings& s) {
+         EXPECT_EQ(s.scriptPath, "/mods/053.npc");
+         EXPECT_EQ(s.speechPath, "/mods/053.EDT");
+     }},
+    {"PathsThatAreGoneAreDropped", "Path=/mods/054.npc\r\nsPath=/mods/054.EDT",
+     [](const Settings& s) { EXPECT_TRUE(s.scriptPath.empty() && s.speechPath.empty()); }},
+    {"ALongLineIsCutAndItsPathNoLongerFound",
+     "Path=/mods/" + std::string(300, 'a') + "\r\nedtTxtFontName=" + std::string(300, 'b'),
+     [](const Settings& s) {
+         EXPECT_TRUE(s.scriptPath.empty());
+         EXPECT_EQ(s.fontName.size(), 260u - 15u);
+     }},
+    {"TextsAreWindows1251", "edtTxtFontName=\xc0\xf0\xe8\xe0\xeb",
+     [](const Settings& s) { EXPECT_EQ(s.fontName, "Ариал"); }},
+};
+
+INSTANTIATE_TEST_SUITE_P(EveryRule, SettingsRead, ::testing::ValuesIn(kCases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(SettingsFile, WhatIsWrittenReadsBackTheSame) {
+    Settings s = designed();
+    s.top = 1234.5;
+    s.left = -100;
+    s.width = 12000;
+    s.height = 9000;
+    s.splitterTop = 3000;
+    s.splitterLeft = 4000;
+    s.helpFontSize = 12;
+    s.helpAlignment = 2;
+    s.toolTips = s.animation = s.autoLoad = s.bold = s.italic = true;
+    s.flagOverwrite = s.showMessages = false;
+    s.rememberPath = true;
+    s.findEdtName = false;
+    s.fontName = "Шрифт";
+    s.fontSize = 9.75;
+    s.backColour = 0x80FFFF;
+    s.scriptPath = "/mods/053.npc";
+    s.speechPath = "/mods/053.EDT";
+    const std::string text = settingsText(s);
+    EXPECT_EQ(read(text), s);
+
+    EXPECT_TRUE(
+        text.starts_with("; PARLEX: CONFIGURATION FILE\r\n\r\n[POSITION]\r\nTop=1234.5\r\n"));
+    EXPECT_NE(text.find("\r\nlAlig=2\r\n\r\n[INTERFACE]\r\nToolTip=1\r\n"), std::string::npos);
+    EXPECT_NE(text.find("\r\nedtTxtFontName=\xd8\xf0\xe8\xf4\xf2\r\n"), std::string::npos);
+    EXPECT_TRUE(text.ends_with("[HISTORY]\r\nPath=/mods/053.npc\r\nsPath=/mods/053.EDT\r\n"));
+    std::size_t lines = 0;
+    for (std::size_t at = text.find("\r\n"); at != std::string::npos;
+         at = text.find("\r\n", at + 2))
+        ++lines;
+    EXPECT_EQ(lines, 28u);
+}
+
+TEST(SettingsFile, APathWindows1251CannotHoldIsNotRemembered) {
+    Settings s = designed();
+    s.scriptPath = "/mods/✓.npc";
+    EXPECT_NE(settingsText(s).find("\r\nPath=\r\n"), std::string::npos);
+}
+
+TEST(SettingsFile, WrittenAtomicallyOverAReadOnlyFileAndReadFromDisk) {
+    testutil::TempDir dir;
+    const auto file = dir / "Parlex.ini";
+    Settings s = designed();
+    s.toolTips = true;
+    s.scriptPath = (dir / "053.npc").string();
+    testutil::writeBytes(dir / "053.npc", {1});
+    testutil::writeBytes(file, {'o', 'l', 'd'});
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    ASSERT_TRUE(writeSettingsFile(file, s));
+    Settings back = designed();
+    readSettingsFile(file, back, kScreen);
+    EXPECT_EQ(back, s);
+    std::filesystem::remove(dir / "053.npc");
+    readSettingsFile(file, back, kScreen);
+    EXPECT_TRUE(back.scriptPath.empty()) << "a script gone since is not remembered";
+
+    Settings fresh = designed();
+    readSettingsFile(dir / "missing.ini", fresh, kScreen);
+    EXPECT_EQ(fresh.left, (15360 - 9000) / 2.0) << "no file: centred";
+}
+
+} // namespace
