@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
@@ -187,6 +188,31 @@ fs::path programDir() {
     std::error_code ec;
     const fs::path exe = fs::read_symlink("/proc/self/exe", ec);
     return ec ? fs::current_path() : exe.parent_path();
+}
+
+bool folderWritable(const fs::path& folder) {
+    return ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+namespace {
+
+// An XDG base folder: the variable when it holds an absolute path, else the default
+// under the home folder.
+fs::path xdgHome(const char* variable, const char* fallback) {
+    if (const char* value = std::getenv(variable); value && *value == '/')
+        return value;
+    const char* home = std::getenv("HOME");
+    return fs::path(home && *home ? home : "/") / fallback;
+}
+
+} // namespace
+
+fs::path userConfigHome() {
+    return xdgHome("XDG_CONFIG_HOME", ".config");
+}
+
+fs::path userDataHome() {
+    return xdgHome("XDG_DATA_HOME", ".local/share");
 }
 
 } // namespace parlex::platform

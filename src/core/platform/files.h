@@ -63,4 +63,12 @@ std::string writeErrorMessage(int errorNumber);
 // The folder of the running executable.
 fs::path programDir();
 
+// Whether files can be created in `folder`.
+bool folderWritable(const fs::path& folder);
+
+// The user's folders for settings and for data, by the desktop's conventions
+// ($XDG_CONFIG_HOME or ~/.config, $XDG_DATA_HOME or ~/.local/share).
+fs::path userConfigHome();
+fs::path userDataHome();
+
 } // namespace parlex::platform
