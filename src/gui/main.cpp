@@ -3,21 +3,30 @@
 #include "mainwindow/mainwindow.h"
 #include "platform/files.h"
 #include "prompts/dialogprompts.h"
+#include "settings/locations.h"
+#include "settings/windowsettings.h"
 
 #include <QApplication>
 #include <QFileInfo>
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
+    QApplication::setApplicationName("parlex"); // the user's folders are named after it
     parlex::gui::loadQtTranslations(app);
     parlex::gui::DialogPrompts prompts;
     parlex::gui::MainWindow window(prompts, parlex::platform::programDir());
     prompts.setParent(&window);
+    // Read once before the window shows, written once at the end: a crash keeps
+    // the settings of the last run that ended.
+    const auto settingsFile = parlex::locations(parlex::platform::programDir()).settingsFile;
+    parlex::gui::restoreWindow(window, settingsFile);
     QStringList arguments = QApplication::arguments();
     arguments.removeFirst();
     if (!window.session().start(arguments,
                                 QFileInfo(QApplication::applicationFilePath()).fileName()))
         return 0;
     window.show();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    parlex::gui::saveWindow(window, settingsFile);
+    return status;
 }

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <algorithm>
+#include <cmath>
 
 namespace parlex::session {
 namespace {
@@ -267,6 +268,62 @@ void Session::convertLayout() {
 void Session::showCurrentInfo() {
     if (npc_)
         prompts_.message(Icon::Information, "Текущий файл...", q(npc_->summary()));
+}
+
+namespace {
+
+// The file keeps colours as the platform's colour value, 0x00BBGGRR; a system colour
+// (negative) stands for the usual white of a text box.
+unsigned rgbOf(std::int32_t colourRef) {
+    if (colourRef < 0 || colourRef > 0xFFFFFF)
+        return 0xFFFFFF;
+    const auto c = static_cast<unsigned>(colourRef);
+    return ((c & 0xFF) << 16) | (c & 0xFF00) | ((c >> 16) & 0xFF);
+}
+
+std::int32_t colourRefOf(unsigned rgb) {
+    return static_cast<std::int32_t>(((rgb & 0xFF) << 16) | (rgb & 0xFF00) | ((rgb >> 16) & 0xFF));
+}
+
+} // namespace
+
+void Session::restore(const Settings& s) {
+    options_.toolTips = s.toolTips;
+    options_.animation = s.animation;
+    options_.flagOverwrite = s.flagOverwrite;
+    options_.showMessages = s.showMessages;
+    options_.helpFontSize = static_cast<int>(std::lround(s.helpFontSize));
+    options_.helpAlignment = s.helpAlignment;
+    options_.phraseFont = {s.fontName, s.fontSize, s.bold, s.italic};
+    options_.phraseBackColour = rgbOf(s.backColour);
+    options_.rememberPath = s.rememberPath;
+    options_.findEdtName = s.findEdtName;
+    options_.autoLoad = s.autoLoad;
+    if (!s.scriptPath.empty())
+        lastPath_ = s.scriptPath;
+    if (!s.speechPath.empty())
+        speech_.setRememberedPath(s.speechPath);
+    emit phraseStyleChanged();
+}
+
+Settings Session::remembered(Settings s) const {
+    s.toolTips = options_.toolTips;
+    s.animation = options_.animation;
+    s.flagOverwrite = options_.flagOverwrite;
+    s.showMessages = options_.showMessages;
+    s.helpFontSize = options_.helpFontSize;
+    s.helpAlignment = options_.helpAlignment;
+    s.fontName = options_.phraseFont.family;
+    s.fontSize = options_.phraseFont.pointSize;
+    s.bold = options_.phraseFont.bold;
+    s.italic = options_.phraseFont.italic;
+    s.backColour = colourRefOf(options_.phraseBackColour);
+    s.rememberPath = options_.rememberPath;
+    s.findEdtName = options_.findEdtName;
+    s.autoLoad = options_.autoLoad;
+    s.scriptPath = lastPath_.string();
+    s.speechPath = speech_.rememberedPath().string();
+    return s;
 }
 
 void Session::choosePhraseColour() {

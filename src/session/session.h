@@ -8,6 +8,7 @@
 #include "session/options.h"
 #include "session/speechdocument.h"
 #include "session/userprompts.h"
+#include "settings/settingsfile.h"
 
 #include <QFileSystemWatcher>
 #include <QObject>
@@ -59,6 +60,11 @@ public:
     bool queryClose();
     // Lets go of everything at the end: the record buffer, the history, the watch.
     void shutdown();
+    // The options and the last paths of a past run, and what is kept for the next
+    // one. The window's geometry is the window's own: restore leaves it alone and
+    // remembered leaves it as `base` has it.
+    void restore(const Settings& settings);
+    Settings remembered(Settings base) const;
 
     // ------------------------------------------------------------ script flows
     bool open();                                      // the open dialog, after the save question

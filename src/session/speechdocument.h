@@ -29,6 +29,7 @@ public:
     int phraseIndex() const { return phraseIndex_; }
     // Where the next dialog starts and what it proposes; a new document keeps it.
     const std::filesystem::path& rememberedPath() const { return rememberedPath_; }
+    void setRememberedPath(std::filesystem::path path) { rememberedPath_ = std::move(path); }
 
     // ------------------------------------------------------------ flows
     // False when the user stops the flow that asked (Cancel, or a failed save).

@@ -257,11 +257,12 @@ bool rememberedPathUsable(const std::string& path) {
     return std::filesystem::exists(p, ec) && platform::driveKind(p) == platform::DriveKind::Fixed;
 }
 
-void readSettingsFile(const std::filesystem::path& file, Settings& settings,
+bool readSettingsFile(const std::filesystem::path& file, Settings& settings,
                       const ScreenTwips& screen) {
     const auto bytes = platform::readFile(file);
     const std::string text = bytes ? std::string(bytes->begin(), bytes->end()) : std::string();
     applySettingsText(text, settings, screen, rememberedPathUsable);
+    return !text.empty();
 }
 
 Result<void> writeSettingsFile(const std::filesystem::path& file, const Settings& settings) {

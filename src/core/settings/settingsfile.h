@@ -56,8 +56,9 @@ std::string settingsText(const Settings& settings);
 // A remembered path is kept when it is a file or folder on a fixed, local disk.
 bool rememberedPathUsable(const std::string& path);
 
-// The settings file read and applied (a missing or unreadable file counts as empty).
-void readSettingsFile(const std::filesystem::path& file, Settings& settings,
+// The settings file read and applied (a missing or unreadable file counts as empty);
+// false when there was none.
+bool readSettingsFile(const std::filesystem::path& file, Settings& settings,
                       const ScreenTwips& screen);
 // Written atomically; on a read-only medium nothing is written (ReadOnlyDrive).
 Result<void> writeSettingsFile(const std::filesystem::path& file, const Settings& settings);

@@ -95,6 +95,8 @@ SpeechPane::SpeechPane(session::SpeechDocument& speech, QWidget* parent)
         }
     }
     row->addStretch(1);
+    // Narrower than its buttons the pane would clip their captions.
+    setMinimumWidth(std::max(minimumWidth(), bar->sizeHint().width()));
 
     layout->addWidget(text_, 1);
     layout->addWidget(status_);
