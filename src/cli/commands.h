@@ -3,6 +3,7 @@
 #include "cli/args.h"
 #include "common/error.h"
 
+#include <filesystem>
 #include <iosfwd>
 #include <span>
 #include <string_view>
@@ -31,6 +32,10 @@ std::span<const Command> edtCommands();
 
 // Prints the error's message to stderr and returns kFailed.
 int report(const Error& error, Io io);
+// The folder of the list files: --lists DIR, else where the program keeps them
+// (beside it when its folder is writable, else in the user's data folder).
+std::filesystem::path listsFolder(const Args& args);
+
 // Prints a usage complaint and returns kUsage.
 int usage(std::string_view command, std::string_view complaint, Io io);
 

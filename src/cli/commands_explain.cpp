@@ -62,8 +62,7 @@ int runExplain(const Args& args, Io io) {
     auto file = NpcFile::load(args.positional[0]);
     if (!file)
         return report(file.error(), io);
-    const CodeLists lists(args.value("--lists") ? std::filesystem::path(*args.value("--lists"))
-                                                : platform::programDir());
+    const CodeLists lists(listsFolder(args));
     const ExplainContext context{file->type(), &lists, false, 0};
     const bool json = args.has("--json");
     const int from = only ? static_cast<int>(*only) : 1;

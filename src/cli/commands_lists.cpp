@@ -3,18 +3,13 @@
 #include "codelists/codelists.h"
 #include "codelists/listwriter.h"
 #include "platform/files.h"
+#include "settings/locations.h"
 
 #include <ctime>
 #include <ostream>
 
 namespace parlex::cli {
 namespace {
-
-std::filesystem::path listsFolder(const Args& args) {
-    if (auto dir = args.value("--lists"))
-        return *dir;
-    return platform::programDir();
-}
 
 constexpr std::string_view kBadKey = "ключ списка должен быть одним из: N T I Qi Qo A R";
 
@@ -58,8 +53,9 @@ int runExtract(const Args& args, Io io) {
     if (keys.empty())
         for (const auto& list : codeLists())
             keys.push_back(list.key);
-    const std::filesystem::path folder =
-        args.value("--dir") ? std::filesystem::path(*args.value("--dir")) : platform::programDir();
+    const std::filesystem::path folder = args.value("--dir")
+                                             ? std::filesystem::path(*args.value("--dir"))
+                                             : locations(platform::programDir()).listFolder;
     if (!std::filesystem::is_directory(folder))
         return report({ErrorKind::NotFound, "Папка " + folder.string() + " не найдена."}, io);
     const std::time_t now = std::time(nullptr);
@@ -91,7 +87,8 @@ constexpr OptionSpec kExtractOptions[] = {{"--dir", true}, {"--yes", false}};
 constexpr Command kCommands[] = {
     {"lookup", "lookup KEY CODE [--lists DIR]",
      "текст кода в списке KEY (N T I Qi Qo A R); \"?\" для неизвестного кода",
-     "--lists DIR: искать файлы списков (Npc.txt, Trigg.txt, ...) в DIR, а не в папке программы.\n"
+     "--lists DIR: искать файлы списков (Npc.txt, Trigg.txt, ...) в DIR. Без него они ищутся\n"
+     "в папке программы, если в неё можно писать, иначе в ~/.local/share/parlex.\n"
      "Файл списка заменяет встроенный список целиком.",
      kListsOption, runLookup},
     {"lists show", "lists show KEY [--lists DIR]",
@@ -99,7 +96,8 @@ constexpr Command kCommands[] = {
      runShow},
     {"lists extract", "lists extract [KEY...] [--dir DIR] [--yes]",
      "записывает встроенные списки в файлы (все семь: R A T I N Qi Qo)",
-     "Файлы пишутся в Windows-1251 с CR LF в папку программы или в DIR.\n"
+     "Файлы пишутся в Windows-1251 с CR LF в DIR, а без --dir туда, где программа ищет\n"
+     "списки (папка программы или ~/.local/share/parlex).\n"
      "Существующий файл заменяется только с --yes; иначе он пропускается (код 1).",
      kExtractOptions, runExtract},
 };

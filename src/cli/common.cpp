@@ -1,8 +1,16 @@
 #include "cli/commands.h"
+#include "platform/files.h"
+#include "settings/locations.h"
 
 #include <ostream>
 
 namespace parlex::cli {
+
+std::filesystem::path listsFolder(const Args& args) {
+    if (auto dir = args.value("--lists"))
+        return *dir;
+    return locations(platform::programDir()).listFolder;
+}
 
 int report(const Error& error, Io io) {
     io.err << "parlex-cli: " << error.message << "\n";

@@ -1,6 +1,7 @@
 #include "session/session.h"
 
 #include "explain/fieldlayout.h"
+#include "settings/locations.h"
 #include "text/numbers.h"
 
 #include <QDir>
@@ -38,8 +39,8 @@ const std::vector<UserPrompts::Filter> kOpenFilters = {{"*.npc", "*.npc"},
 } // namespace
 
 Session::Session(UserPrompts& prompts, std::filesystem::path programDir, QObject* parent)
-    : QObject(parent), prompts_(prompts), programDir_(std::move(programDir)), lists_(programDir_),
-      speech_(prompts, options_, programDir_) {
+    : QObject(parent), prompts_(prompts), programDir_(std::move(programDir)),
+      lists_(locations(programDir_).listFolder), speech_(prompts, options_, programDir_) {
     // Queued: the check may reload the script, which changes what is watched.
     connect(&watcher_, &QFileSystemWatcher::fileChanged, this, &Session::checkDisk,
             Qt::QueuedConnection);
