@@ -304,7 +304,7 @@ void Session::restore(const Settings& s) {
         lastPath_ = s.scriptPath;
     if (!s.speechPath.empty())
         speech_.setRememberedPath(s.speechPath);
-    emit phraseStyleChanged();
+    emit optionsChanged();
 }
 
 Settings Session::remembered(Settings s) const {
@@ -330,14 +330,14 @@ Settings Session::remembered(Settings s) const {
 void Session::choosePhraseColour() {
     if (const auto colour = prompts_.chooseColour(options_.phraseBackColour)) {
         options_.phraseBackColour = *colour & 0xFFFFFFu;
-        emit phraseStyleChanged();
+        emit optionsChanged();
     }
 }
 
 void Session::choosePhraseFont() {
     if (const auto font = prompts_.chooseFont(options_.phraseFont, 4, 18)) {
         options_.phraseFont = *font;
-        emit phraseStyleChanged();
+        emit optionsChanged();
     }
 }
 

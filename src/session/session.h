@@ -131,10 +131,10 @@ signals:
     void recordChanged(int index); // one record of the open script has new bytes
     void changedStateChanged(bool changed);
     void positionChanged(int position);
-    void fieldShown();         // mark, position text or explanation changed
-    void historyChanged();     // undo or redo became possible or impossible
-    void bufferChanged();      // a record was copied
-    void phraseStyleChanged(); // the colour or the font of the phrase text
+    void fieldShown();     // mark, position text or explanation changed
+    void historyChanged(); // undo or redo became possible or impossible
+    void bufferChanged();  // a record was copied
+    void optionsChanged(); // restored, or the phrase text's colour or font chosen
 
 private:
     enum class Ask { Continue, Cancel };

@@ -13,24 +13,6 @@ namespace {
 
 using parlex::locations;
 
-TEST(Locations, PortableBesideTheProgramElseInTheUsersFolders) {
-    const struct {
-        bool writable;
-        const char* settings;
-        const char* lists;
-    } cases[] = {
-        {true, "/opt/parlex/Parlex.ini", "/opt/parlex"},
-        {false, "/home/u/.config/parlex/Parlex.ini", "/home/u/.local/share/parlex"},
-    };
-    for (const auto& c : cases) {
-        const auto l =
-            locations("/opt/parlex", c.writable, "/home/u/.config", "/home/u/.local/share");
-        EXPECT_EQ(l.settingsFile, c.settings);
-        EXPECT_EQ(l.listFolder, c.lists);
-        EXPECT_EQ(l.portable, c.writable);
-    }
-}
-
 // The user's folders as the desktop's variables name them, with and without them.
 TEST(Locations, TheUsersFoldersAreWhereQtPutsThem) {
     testutil::TempDir dir;

@@ -24,7 +24,7 @@ TEST_F(RestoreTest, TheSettingsOfAPastRunBecomeTheOptionsAndComeBackUnchanged) {
     s.findEdtName = false;
     s.scriptPath = (dir / "053.npc").string();
     s.speechPath = (dir / "053.EDT").string();
-    QSignalSpy restyled(&session, &Session::phraseStyleChanged);
+    QSignalSpy restyled(&session, &Session::optionsChanged);
     session.restore(s);
     const auto& o = session.options();
     EXPECT_TRUE(o.toolTips && o.animation && o.autoLoad && o.rememberPath);

@@ -321,7 +321,7 @@ TEST_F(SpeechTest, ByteFourteenBringsItsPhraseIntoThePane) {
 
 TEST_F(SpeechTest, ThePhraseTextTakesTheChosenColourAndFontUnlessCancelled) {
     using parlex::session::TextFont;
-    QSignalSpy restyled(&session, &Session::phraseStyleChanged);
+    QSignalSpy restyled(&session, &Session::optionsChanged);
     const TextFont chosen{"Liberation Serif", 14, true, false};
     const struct {
         bool colour; // or the font

@@ -160,9 +160,15 @@ void MainWindow::wireSession() {
         session_.options().helpFontSize = size;
         session_.options().helpAlignment = alignment;
     });
-    help_->setFontSize(session_.options().helpFontSize);
-    help_->setAlignmentIndex(session_.options().helpAlignment);
-    help_->setToolTipsShown(session_.options().toolTips);
+    // What shows the options shows them anew when they change (restored, chosen).
+    const auto showOptions = [this] {
+        help_->setFontSize(session_.options().helpFontSize);
+        help_->setAlignmentIndex(session_.options().helpAlignment);
+        help_->setToolTipsShown(session_.options().toolTips);
+        speech_->applyStyle();
+    };
+    connect(&session_, &S::optionsChanged, this, showOptions);
+    showOptions();
 
     connect(&session_, &S::documentReplaced, this, &MainWindow::documentReplaced);
     connect(&session_, &S::positionChanged, this, [this](int position) {
@@ -177,7 +183,6 @@ void MainWindow::wireSession() {
     connect(&session_, &S::fieldShown, this, &MainWindow::showField);
     connect(&session_, &S::historyChanged, this, &MainWindow::updateCommands);
     connect(&session_, &S::bufferChanged, this, &MainWindow::updateCommands);
-    connect(&session_, &S::phraseStyleChanged, speech_, &SpeechPane::applyStyle);
     auto* warning = new CaptionWarning(this, windowTitle());
     connect(&session_.speech(), &session::SpeechDocument::companionMissing, warning,
             &CaptionWarning::start);

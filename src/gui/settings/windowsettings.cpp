@@ -1,6 +1,5 @@
 #include "settings/windowsettings.h"
 
-#include "mainwindow/helppanel.h"
 #include "mainwindow/mainwindow.h"
 #include "settings/settingsfile.h"
 
@@ -72,11 +71,7 @@ void restoreWindow(MainWindow& w, const std::filesystem::path& file) {
         readSettingsFile(file, s,
                          {double(area.width() * kTwips), double(area.height() * kTwips),
                           double(kFrameWidth * kTwips), double(kFrameHeight * kTwips)});
-    w.session().restore(s);
-    auto* help = w.findChild<HelpPanel*>();
-    help->setFontSize(w.session().options().helpFontSize);
-    help->setAlignmentIndex(w.session().options().helpAlignment);
-    help->setToolTipsShown(w.session().options().toolTips);
+    w.session().restore(s); // the window shows the options restored
 
     w.resize(int(s.width) / kTwips - kFrameWidth, int(s.height) / kTwips - kFrameHeight);
     w.move(area.x() + int(s.left) / kTwips, area.y() + int(s.top) / kTwips);

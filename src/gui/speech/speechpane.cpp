@@ -109,7 +109,6 @@ SpeechPane::SpeechPane(session::SpeechDocument& speech, QWidget* parent)
     connect(&speech_, &D::documentReplaced, this, &SpeechPane::showDocument);
     connect(&speech_, &D::phraseShown, this, &SpeechPane::showPhrase);
     connect(&speech_, &D::notOpen, this, [this] { status_->setText(3, "Файл не открыт!"); });
-    applyStyle();
 }
 
 QAction* SpeechPane::button(const QString& key) const {
