@@ -15,7 +15,7 @@ foreach(input IN LISTS INPUTS)
     string(APPEND index "    {\"${name}\", {reinterpret_cast<const char*>(${id}), ${size}}},\n")
 endforeach()
 file(WRITE "${OUTPUT}.tmp"
-"// Generated from the data files of the code lists; do not edit.\n"
+"// Generated from the data files compiled into the program; do not edit.\n"
 "#include \"codelists/embedded.h\"\n#include <array>\n#include <utility>\n\n"
 "namespace parlex::embedded {\nnamespace {\n${body}\n}\n\n"
 "std::string_view file(std::string_view name) {\n"

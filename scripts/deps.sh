@@ -4,7 +4,8 @@
 set -euo pipefail
 
 packages=(make cmake g++ libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev
-          qt6-translations-l10n)
+          qt6-translations-l10n qt6-svg-dev xdg-utils shared-mime-info desktop-file-utils
+          appstream help2man file)
 
 missing=()
 for p in "${packages[@]}"; do

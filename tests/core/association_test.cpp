@@ -1,0 +1,272 @@
+#include "association/freedesktop.h"
+#include "association/registryassociation.h"
+#include "memoryregistry.h"
+#include "testutil.h"
+#include "text/lines.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+
+using namespace parlex;
+namespace fs = std::filesystem;
+
+namespace {
+
+// One place where associations are kept, seen by any number of program copies.
+class Store {
+public:
+    virtual ~Store() = default;
+    virtual std::unique_ptr<FileAssociation> copyAt(const fs::path& program) = 0;
+    // From now on nothing can be written there.
+    virtual void refuseWrites() = 0;
+};
+
+class RegistryStore : public Store {
+public:
+    std::unique_ptr<FileAssociation> copyAt(const fs::path& program) override {
+        return std::make_unique<RegistryAssociation>(registry_, program.string());
+    }
+    void refuseWrites() override { registry_.readOnly = true; }
+
+private:
+    testutil::MemoryRegistry registry_;
+};
+
+class FreedesktopStore : public Store {
+public:
+    std::unique_ptr<FileAssociation> copyAt(const fs::path& program) override {
+        return std::make_unique<FreedesktopAssociation>(program, dir_ / "data", dir_ / "config");
+    }
+    // A file where the folders should be: no permission bits stop a test run as root.
+    void refuseWrites() override {
+        fs::remove_all(dir_ / "data");
+        fs::remove_all(dir_ / "config");
+        testutil::writeText(dir_ / "data", "");
+        testutil::writeText(dir_ / "config", "");
+    }
+
+private:
+    testutil::TempDir dir_;
+};
+
+struct Backend {
+    const char* name;
+    std::function<std::unique_ptr<Store>()> make;
+};
+
+class AssociationContract : public testing::TestWithParam<Backend> {
+protected:
+    std::unique_ptr<Store> store = GetParam().make();
+    const fs::path here = "/opt/parlex/parlex";
+    const fs::path elsewhere = "/home/user/old copy/parlex";
+};
+
+TEST_P(AssociationContract, TickingAndUntickingAreSeenByTheTest) {
+    auto self = store->copyAt(here);
+    EXPECT_FALSE(self->isAssociated());
+    ASSERT_TRUE(self->associate());
+    EXPECT_TRUE(self->isAssociated());
+    EXPECT_TRUE(store->copyAt(here)->isAssociated()) << "a new opening sees the same state";
+    ASSERT_TRUE(self->associate());
+    EXPECT_TRUE(self->isAssociated()) << "twice is the same as once";
+    ASSERT_TRUE(self->disassociate());
+    EXPECT_FALSE(self->isAssociated());
+    EXPECT_TRUE(self->disassociate()) << "nothing to untie is no failure";
+}
+
+TEST_P(AssociationContract, AnotherCopyIsNotThisProgram) {
+    auto other = store->copyAt(elsewhere);
+    auto self = store->copyAt(here);
+    ASSERT_TRUE(other->associate());
+    EXPECT_FALSE(self->isAssociated());
+    ASSERT_TRUE(self->associate());
+    EXPECT_TRUE(self->isAssociated());
+    EXPECT_FALSE(other->isAssociated()) << "ticking takes the association over";
+}
+
+TEST_P(AssociationContract, UntickingUntiesWhicheverCopyHasScripts) {
+    auto other = store->copyAt(elsewhere);
+    ASSERT_TRUE(other->associate());
+    ASSERT_TRUE(store->copyAt(here)->disassociate());
+    EXPECT_FALSE(other->isAssociated());
+}
+
+TEST_P(AssociationContract, AStoreThatRefusesWritesFailsAndStaysUnticked) {
+    store->refuseWrites();
+    auto self = store->copyAt(here);
+    EXPECT_FALSE(self->associate());
+    EXPECT_FALSE(self->isAssociated());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Backends, AssociationContract,
+    testing::Values(Backend{"Registry", [] { return std::make_unique<RegistryStore>(); }},
+                    Backend{"Freedesktop", [] { return std::make_unique<FreedesktopStore>(); }}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// ------------------------------------------------------------------ the registry
+
+TEST(RegistryAssociation, WritesTheSixKeysWithTheProgramsPath) {
+    testutil::MemoryRegistry registry;
+    ASSERT_TRUE(RegistryAssociation(registry, "C:\\Games\\Parlex.EXE").associate());
+    const std::map<std::string, std::string> expected{
+        {".npc", "Parlex"},
+        {"parlex", "NPC SCRIPT FILE (Ja2/UB games)"},
+        {"parlex\\defaulticon", "C:\\Games\\Parlex.exe,3"},
+        {"parlex\\shell", "Open"},
+        {"parlex\\shell\\open", ""},
+        {"parlex\\shell\\open\\command", "C:\\Games\\Parlex.exe %1"}};
+    EXPECT_EQ(registry.keys, expected);
+}
+
+TEST(RegistryAssociation, TheTestComparesWithoutRegardToCaseAndNeedsBothEnds) {
+    struct Case {
+        const char* type;    // the default value of ".npc", null for no key
+        const char* command; // of the command key, null for no key
+        bool associated;
+    };
+    const Case cases[] = {
+        {"Parlex", "C:\\Games\\Parlex.exe %1", true},
+        {"PARLEX", "c:\\GAMES\\parlex.EXE %1", true},
+        {"Parlex", "C:\\Other\\Parlex.exe %1", false},
+        {"Parlex", "\"C:\\Games\\Parlex.exe\" %1", false},
+        {"Notepad", "C:\\Games\\Parlex.exe %1", false},
+        {nullptr, "C:\\Games\\Parlex.exe %1", false},
+        {"Parlex", nullptr, false},
+    };
+    for (const auto& c : cases) {
+        testutil::MemoryRegistry registry;
+        if (c.type)
+            registry.setDefaultValue(".npc", c.type);
+        if (c.command)
+            registry.setDefaultValue("Parlex\\Shell\\Open\\Command", c.command);
+        EXPECT_EQ(RegistryAssociation(registry, "C:\\Games\\Parlex.exe").isAssociated(),
+                  c.associated)
+            << (c.type ? c.type : "-") << " / " << (c.command ? c.command : "-");
+    }
+}
+
+// ------------------------------------------------------------------ freedesktop
+
+TEST(Freedesktop, ExecValuesQuoteWhatTheyMustAndReadBack) {
+    struct Case {
+        const char* program;
+        const char* exec;
+    };
+    const Case cases[] = {
+        {"/usr/bin/parlex", "/usr/bin/parlex %f"},
+        {"/home/u/My Games/parlex", "\"/home/u/My Games/parlex\" %f"},
+        {"/opt/a\"b$c`d\\e/parlex", "\"/opt/a\\\\\"b\\\\$c\\\\`d\\\\\\\\e/parlex\" %f"},
+        {"/opt/100%/parlex", "/opt/100%%/parlex %f"},
+        {"/дом/парлекс", "/дом/парлекс %f"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(freedesktop::execValue(c.program), c.exec);
+        EXPECT_EQ(freedesktop::programOfExec(c.exec), fs::path(c.program)) << c.exec;
+    }
+    for (const char* unreadable : {"\"/no/closing/quote %f", "%f", "/opt/%x/parlex %f", ""})
+        EXPECT_EQ(freedesktop::programOfExec(unreadable), std::nullopt) << unreadable;
+}
+
+TEST(Freedesktop, TheDefaultIsSetAndRemovedKeepingEveryOtherLine) {
+    struct Case {
+        const char* name;
+        const char* before;
+        const char* set;     // with the default set to org.parlex.Parlex.desktop
+        const char* removed; // and removed again: a group that was added stays
+    };
+    const Case cases[] = {
+        {"no file", "", "[Default Applications]\napplication/x-ja2-npc=org.parlex.Parlex.desktop\n",
+         "[Default Applications]\n"},
+        {"other groups only", "[Added Associations]\ntext/plain=gedit.desktop;\n",
+         "[Added Associations]\ntext/plain=gedit.desktop;\n\n[Default Applications]\n"
+         "application/x-ja2-npc=org.parlex.Parlex.desktop\n",
+         "[Added Associations]\ntext/plain=gedit.desktop;\n\n[Default Applications]\n"},
+        {"a group without the type", "# mine\n[Default Applications]\ntext/plain=gedit.desktop\n",
+         "# mine\n[Default Applications]\napplication/x-ja2-npc=org.parlex.Parlex.desktop\n"
+         "text/plain=gedit.desktop\n",
+         "# mine\n[Default Applications]\ntext/plain=gedit.desktop\n"},
+        {"another program had it, in CR LF, blanks around =",
+         "[Default Applications]\r\napplication/x-ja2-npc = hexedit.desktop;\r\nx/y=z\r\n",
+         "[Default Applications]\napplication/x-ja2-npc=org.parlex.Parlex.desktop\nx/y=z\n",
+         "[Default Applications]\nx/y=z\n"},
+        {"the type in another group stays",
+         "[Added Associations]\napplication/x-ja2-npc=hexedit.desktop;\n[Default Applications]\n",
+         "[Added Associations]\napplication/x-ja2-npc=hexedit.desktop;\n[Default Applications]\n"
+         "application/x-ja2-npc=org.parlex.Parlex.desktop\n",
+         "[Added Associations]\napplication/x-ja2-npc=hexedit.desktop;\n[Default Applications]\n"},
+    };
+    const auto type = std::string(kScriptMimeType);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto set = freedesktop::withDefault(c.before, type, kDesktopId);
+        EXPECT_EQ(set, c.set);
+        EXPECT_EQ(freedesktop::defaultOf(set, type), std::string(kDesktopId));
+        const auto removed = freedesktop::withDefault(set, type, std::nullopt);
+        EXPECT_EQ(removed, c.removed);
+        EXPECT_EQ(freedesktop::defaultOf(removed, type), std::nullopt);
+    }
+    EXPECT_EQ(freedesktop::defaultOf("[Default Applications]\napplication/x-ja2-npc= a.desktop;b\n",
+                                     type),
+              "a.desktop");
+}
+
+TEST(Freedesktop, TheWrittenEntryIsTheInstalledOneRunningThisProgram) {
+    const auto entry = freedesktop::desktopEntry("/home/u/My Games/parlex");
+    EXPECT_EQ(freedesktop::keyValue(entry, "Desktop Entry", "Exec"),
+              "\"/home/u/My Games/parlex\" %f");
+    EXPECT_EQ(freedesktop::keyValue(entry, "Desktop Entry", "MimeType"),
+              std::string(kScriptMimeType) + ";");
+    EXPECT_EQ(freedesktop::keyValue(entry, "Desktop Entry", "Name[ru]"), "Parlex");
+    const auto installed = testutil::readText(PARLEX_SOURCE_DIR "/resources/desktop/"
+                                                                "org.parlex.Parlex.desktop");
+    EXPECT_EQ(freedesktop::keyValue(installed, "Desktop Entry", "Exec"), "parlex %f");
+    const auto withoutExec = [](const std::string& text) {
+        std::string out;
+        for (auto line : parlex::text::splitLines(text))
+            if (!line.starts_with("Exec="))
+                out += std::string(line) + "\n";
+        return out;
+    };
+    EXPECT_EQ(withoutExec(entry), withoutExec(installed));
+}
+
+TEST(Freedesktop, TickingWritesTheThreeFilesAndTheMimeDatabase) {
+    testutil::TempDir dir;
+    fs::create_directories(dir / "config");
+    testutil::writeText(dir / "config" / "mimeapps.list",
+                        "[Default Applications]\ntext/plain=gedit.desktop\n");
+    FreedesktopAssociation association("/opt/parlex/parlex", dir / "data", dir / "config");
+    ASSERT_TRUE(association.associate());
+    EXPECT_EQ(testutil::readText(association.mimePackageFile()), freedesktop::mimePackage());
+    EXPECT_EQ(testutil::readText(association.desktopFile()),
+              freedesktop::desktopEntry("/opt/parlex/parlex"));
+    EXPECT_EQ(testutil::readText(association.mimeappsFile()),
+              "[Default Applications]\napplication/x-ja2-npc=org.parlex.Parlex.desktop\n"
+              "text/plain=gedit.desktop\n");
+    // update-mime-database (installed with the build's dependencies) turns the
+    // package into the type's own file.
+    EXPECT_TRUE(fs::exists(dir / "data" / "mime" / "application" / "x-ja2-npc.xml"));
+
+    ASSERT_TRUE(association.disassociate());
+    EXPECT_FALSE(fs::exists(association.desktopFile()));
+    EXPECT_EQ(testutil::readText(association.mimeappsFile()),
+              "[Default Applications]\ntext/plain=gedit.desktop\n");
+}
+
+TEST(Freedesktop, AnEntryForAnotherProgramOrUnreadableIsNoAssociation) {
+    testutil::TempDir dir;
+    FreedesktopAssociation association("/opt/parlex/parlex", dir / "data", dir / "config");
+    ASSERT_TRUE(association.associate());
+    for (const char* exec : {"Exec=/usr/bin/hexedit %f", "Exec=\"/opt/parlex/parlex %f"}) {
+        testutil::writeText(association.desktopFile(),
+                            std::string("[Desktop Entry]\nType=Application\n") + exec + "\n");
+        EXPECT_FALSE(association.isAssociated()) << exec;
+    }
+    fs::remove(association.desktopFile());
+    EXPECT_FALSE(association.isAssociated()) << "the default line alone";
+}
+
+} // namespace
