@@ -56,7 +56,7 @@ int runExtract(const Args& args, Io io) {
     const std::filesystem::path folder = args.value("--dir")
                                              ? std::filesystem::path(*args.value("--dir"))
                                              : locations(platform::programDir()).listFolder;
-    if (!std::filesystem::is_directory(folder))
+    if (args.value("--dir") && !std::filesystem::is_directory(folder))
         return report({ErrorKind::NotFound, "Папка " + folder.string() + " не найдена."}, io);
     const std::time_t now = std::time(nullptr);
     std::tm local{};

@@ -27,6 +27,7 @@ struct Options {
     bool flagOverwrite = true; // ask before a list file is replaced
     unsigned phraseBackColour = 0xFFFFFF; // of the phrase text, 0xRRGGBB
     TextFont phraseFont;                  // of the phrase text
+    bool operator==(const Options&) const = default;
 };
 
 } // namespace parlex::session

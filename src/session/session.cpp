@@ -1,5 +1,6 @@
 #include "session/session.h"
 
+#include "codelists/listwriter.h"
 #include "explain/fieldlayout.h"
 #include "settings/locations.h"
 #include "text/numbers.h"
@@ -7,6 +8,7 @@
 #include <QDir>
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 
 namespace parlex::session {
 namespace {
@@ -339,6 +341,21 @@ void Session::choosePhraseFont() {
         options_.phraseFont = *font;
         emit optionsChanged();
     }
+}
+
+void Session::extractList(ListKey key, bool askBeforeReplace) {
+    const auto folder = locations(programDir_).listFolder;
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    auto written = writeListFile(key, folder, local, !askBeforeReplace);
+    if (!written && written.error().kind == ErrorKind::Exists) {
+        if (prompts_.question(kTitle, q(written.error().message), false) != Answer::Yes)
+            return;
+        written = writeListFile(key, folder, local, true);
+    }
+    if (!written)
+        prompts_.message(Icon::Critical, kTitle, q(written.error().message));
 }
 
 std::vector<std::string> Session::listRows(ListKey key) {

@@ -79,6 +79,10 @@ public:
     void choosePhraseFont();
     // The rows of a code list; a list file too long to show is told to the user.
     std::vector<std::string> listRows(ListKey key);
+    // Writes a built-in list out as the file that then replaces it, into the folder
+    // where lists are looked for. An existing file is replaced after the user's yes
+    // with `askBeforeReplace`, silently without. Success is not told.
+    void extractList(ListKey key, bool askBeforeReplace);
 
     // ------------------------------------------------------------ position
     int position() const { return position_; }

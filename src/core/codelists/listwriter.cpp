@@ -39,6 +39,7 @@ Result<std::filesystem::path> writeListFile(ListKey key, const std::filesystem::
         return std::unexpected(platform::readOnlyDriveError(folder, false));
     if (!replace && platform::fileExists(path))
         return fail(ErrorKind::Exists, "Файл " + path.string() + "\nуже существует. Заменить его?");
+    std::filesystem::create_directories(path.parent_path(), ec); // a failure shows in the write
     auto bytes = text::utf8ToCp1251(listFileText(key, path, now));
     if (!bytes)
         return std::unexpected(bytes.error());

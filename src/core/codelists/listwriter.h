@@ -17,7 +17,7 @@ std::string listFileText(ListKey key, const std::filesystem::path& path, const s
 
 // Writes the list file into `folder` in Windows-1251, atomically. An existing file is
 // replaced only when `replace` is set (else ErrorKind::Exists with the question text);
-// a folder on a read-only drive is refused with its message.
+// a folder on a read-only drive is refused with its message. A missing folder is made.
 Result<std::filesystem::path> writeListFile(ListKey key, const std::filesystem::path& folder,
                                             const std::tm& now, bool replace);
 
