@@ -1,5 +1,6 @@
 // parlex: the desktop editor of .npc scripts.
 #include "app/translations.h"
+#include "association/systemassociation.h"
 #include "mainwindow/mainwindow.h"
 #include "platform/files.h"
 #include "prompts/dialogprompts.h"
@@ -8,14 +9,19 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QIcon>
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("parlex"); // the user's folders are named after it
+    QApplication::setWindowIcon(QIcon(":/icons/org.parlex.Parlex.svg"));
+    QGuiApplication::setDesktopFileName("org.parlex.Parlex");
     parlex::gui::loadQtTranslations(app);
     parlex::gui::DialogPrompts prompts;
     parlex::gui::MainWindow window(prompts, parlex::platform::programDir());
     prompts.setParent(&window);
+    window.setAssociation(
+        parlex::systemAssociation(QApplication::applicationFilePath().toStdString()));
     // Read once before the window shows, written once at the end: a crash keeps
     // the settings of the last run that ended.
     const auto settingsFile = parlex::locations(parlex::platform::programDir()).settingsFile;

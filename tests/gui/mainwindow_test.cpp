@@ -78,9 +78,10 @@ void MainWindowTest::controlsAndMenusHaveTheirNamesAndStartStates() {
     QCOMPARE(win().windowTitle(), QString("PARLEX"));
     QVERIFY(!child<QSlider>("Slider")->isEnabled());
     for (const char* off : {"nSave", "nSaveAs", "nRec", "nCurrent", "nEdit", "nFrec", "nNext",
-                            "nPaste", "nUndo", "nRedo", "nOptions", "TBar_SaveAs", "TBar_Print"})
+                            "nPaste", "nUndo", "nRedo", "TBar_SaveAs", "TBar_Print"})
         QVERIFY2(!act(off)->isEnabled(), off);
-    for (const char* on : {"nOpen", "nNew", "nExit", "nSelect", "nReact", "nAbout", "TBar_Info"})
+    for (const char* on :
+         {"nOpen", "nNew", "nExit", "nSelect", "nReact", "nAbout", "nOptions", "TBar_Info"})
         QVERIFY2(act(on)->isEnabled(), on);
     QCOMPARE(act("nSave")->text(), QString("&Сохранить\tAlt+S (F2)"));
     QCOMPARE(act("nDelStand")->text(), QString("Удалит&ь стандартно\tCtrl+Numpad Del"));

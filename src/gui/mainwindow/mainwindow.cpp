@@ -1,6 +1,5 @@
 #include "mainwindow/mainwindow.h"
 
-#include "editor/editdialog.h"
 #include "explain/fieldlayout.h"
 #include "mainwindow/bytegrid.h"
 #include "mainwindow/captionwarning.h"
@@ -8,19 +7,17 @@
 #include "mainwindow/helppanel.h"
 #include "mainwindow/menus.h"
 #include "mainwindow/statuspanels.h"
-#include "platform/files.h"
 #include "speech/speechpane.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDesktopServices>
+#include <QIcon>
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QSlider>
 #include <QSplitter>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace parlex::gui {
@@ -41,6 +38,7 @@ MainWindow::MainWindow(UserPrompts& prompts, std::filesystem::path programDir, Q
     : QMainWindow(parent), prompts_(prompts), session_(prompts, std::move(programDir)),
       keySource_(keySourceFor(QGuiApplication::platformName())) {
     setWindowTitle("PARLEX");
+    setWindowIcon(QIcon(":/icons/org.parlex.Parlex.svg"));
     setMinimumSize(kMinWidth, kMinHeight);
     buildControls();
     menus_ = std::make_unique<MainMenus>(this);
@@ -143,9 +141,7 @@ void MainWindow::wireMenus() {
     for (const auto& [name, key] : kListMenus)
         connect(menus_->action(name), &QAction::triggered, this, [this, k = key] { showList(k); });
     connect(menus_->action("nEdit"), &QAction::triggered, this, [this] { openEditor({}); });
-    // The options dialog comes in a later step: no control that does nothing may
-    // look as if it worked.
-    menus_->action("nOptions")->setEnabled(false);
+    connect(menus_->action("nOptions"), &QAction::triggered, this, [this] { openOptions(); });
 }
 
 void MainWindow::wireSession() {
@@ -192,6 +188,7 @@ void MainWindow::wireSession() {
 
 void MainWindow::documentReplaced() {
     const NpcFile* script = session_.script();
+    sbar_->setPicture(2, QIcon(":/icons/script.svg"));
     if (script->isNew()) {
         sbar_->setText(2, "Новый");
         sbar_->setText(3, "Новый");
@@ -253,7 +250,7 @@ void MainWindow::updateNamePanel() {
                                                                                 : QString());
 }
 
-// ---------------------------------------------------------------- lists, help, About
+// ---------------------------------------------------------------- lists and help
 
 void MainWindow::showList(ListKey key) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -275,30 +272,6 @@ void MainWindow::showFieldHelp(int fieldIndex) {
 
 QString MainWindow::menuCaption(const char* name) const {
     return menus_->action(name)->text();
-}
-
-void MainWindow::openEditor(std::optional<int> byteIndex) {
-    auto editor = session::ByteEditor::open(session_, byteIndex);
-    if (!editor)
-        return;
-    auto* dialog = new EditDialog(*this, std::move(*editor));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->open(); // modal; the window takes no input until it closes
-}
-
-void MainWindow::openHelp() {
-    const auto path = session_.programDir() / "Parlex.html";
-    if (platform::fileExists(path) &&
-        QDesktopServices::openUrl(QUrl::fromLocalFile(q(path.string()))))
-        return;
-    prompts_.message(UserPrompts::Icon::Exclamation, kTitle,
-                     "Не удается найти файл справки Parlex.html\n"
-                     "Этот файл должен быть в папке с запускаемой програмой");
-}
-
-void MainWindow::showAbout() {
-    prompts_.about(kTitle, "Parlex (v.2.02)\nРедактор скриптов и речи НПЦ "
-                           "Jagged Alliance 2 и Unfinished Business");
 }
 
 // ---------------------------------------------------------------- close and keys

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/clipboardguard.h"
+#include "association/fileassociation.h"
 #include "codelists/codelist.h"
 #include "mainwindow/keymap.h"
 #include "session/session.h"
@@ -48,6 +49,11 @@ public:
     void openEditor(std::optional<int> byteIndex);
     void openHelp();
     void showAbout();
+    // The options dialog, with the desktop's file association (none: the box greyed).
+    void openOptions();
+    void setAssociation(std::unique_ptr<FileAssociation> association) {
+        association_ = std::move(association);
+    }
 
     static constexpr int kMinWidth = 600; // 9000 x 7000 twips at 15 twips a pixel
     static constexpr int kMinHeight = 467;
@@ -76,6 +82,7 @@ private:
     session::Session session_;
     ClipboardGuard clipboard_;
     KeySource keySource_;
+    std::unique_ptr<FileAssociation> association_;
 
     std::unique_ptr<MainMenus> menus_;
     QSlider* slider_ = nullptr;

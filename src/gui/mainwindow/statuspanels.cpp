@@ -29,7 +29,22 @@ StatusPanels::StatusPanels(const QString& name, int panels, int stretch, QWidget
         label->setMinimumWidth(16);
         label->setTextFormat(Qt::PlainText);
         labels_.push_back(label);
+        pictures_.push_back(nullptr);
     }
+}
+
+void StatusPanels::setPicture(int panel, const QIcon& icon) {
+    QLabel* shown = label(panel);
+    auto& picture = pictures_.at(static_cast<std::size_t>(panel - 1));
+    if (!picture) {
+        picture = new QLabel(shown);
+        picture->setObjectName(shown->objectName() + "_picture");
+        shown->setContentsMargins(kPicture + 2, 0, 0, 0); // the text starts behind it
+    }
+    picture->setPixmap(icon.pixmap(kPicture, kPicture));
+    picture->setFixedSize(kPicture, kPicture);
+    picture->show();
+    placeChildren();
 }
 
 QSize StatusPanels::sizeHint() const {
@@ -53,6 +68,8 @@ void StatusPanels::placeChildren() {
         const int w =
             static_cast<int>(i) + 1 == stretch_ ? std::max(16, width() - fixed) : widthOf(l);
         l->setGeometry(x, 0, w, height());
+        if (QLabel* picture = pictures_[i])
+            picture->move(l->frameWidth() + 1, (height() - kPicture) / 2);
         x += w + kSpacing;
     }
 }

@@ -2,6 +2,7 @@
 
 #include "mainwindow/selfplacingframe.h"
 
+#include <QIcon>
 #include <QLabel>
 #include <filesystem>
 #include <vector>
@@ -21,6 +22,9 @@ public:
     // the start of the path gives way first, the file name last.
     void setPath(int panel, const std::filesystem::path& path, int spare);
     QLabel* label(int panel) const { return labels_.at(static_cast<std::size_t>(panel - 1)); }
+    // A 16-pixel picture at the panel's left, before its text.
+    void setPicture(int panel, const QIcon& icon);
+    QLabel* picture(int panel) const { return pictures_.at(static_cast<std::size_t>(panel - 1)); }
 
     QSize sizeHint() const override;
 
@@ -29,8 +33,10 @@ protected:
 
 private:
     std::vector<QLabel*> labels_;
+    std::vector<QLabel*> pictures_; // null where a panel has none
     int stretch_;
     static constexpr int kSpacing = 2;
+    static constexpr int kPicture = 16;
 };
 
 } // namespace parlex::gui

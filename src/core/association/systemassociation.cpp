@@ -1,0 +1,13 @@
+#include "association/systemassociation.h"
+
+#include "association/freedesktop.h"
+#include "platform/files.h"
+
+namespace parlex {
+
+std::unique_ptr<FileAssociation> systemAssociation(const std::filesystem::path& program) {
+    return std::make_unique<FreedesktopAssociation>(program, platform::userDataHome(),
+                                                    platform::userConfigHome());
+}
+
+} // namespace parlex

@@ -1,0 +1,61 @@
+// The dialogs the main window opens: the byte editor, the options, help and About.
+#include "editor/editdialog.h"
+#include "mainwindow/mainwindow.h"
+#include "platform/files.h"
+#include "settings/optionsdialog.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+namespace parlex::gui {
+namespace {
+
+const QString kTitle = QString::fromUtf8(kMessageTitle);
+
+// Where the help file is looked for: beside the program (a build, a portable copy),
+// then where an installation puts it.
+std::vector<std::filesystem::path> helpFiles(const std::filesystem::path& programDir) {
+    return {programDir / "Parlex.html", std::filesystem::path(PARLEX_HELP_DIR) / "Parlex.html"};
+}
+
+} // namespace
+
+void MainWindow::openEditor(std::optional<int> byteIndex) {
+    auto editor = session::ByteEditor::open(session_, byteIndex);
+    if (!editor)
+        return;
+    auto* dialog = new EditDialog(*this, std::move(*editor));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open(); // modal; the window takes no input until it closes
+}
+
+void MainWindow::openOptions() {
+    auto* dialog = new OptionsDialog(session_, association_.get(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+}
+
+void MainWindow::openHelp() {
+    using Icon = session::UserPrompts::Icon;
+    for (const auto& path : helpFiles(session_.programDir())) {
+        if (!platform::fileExists(path))
+            continue;
+        const QString file = QString::fromStdString(path.string());
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file)))
+            prompts_.message(Icon::Exclamation, kTitle,
+                             "Не удается открыть файл справки " + file +
+                                 "\nНет программы для просмотра HTML-файлов "
+                                 "(нужны xdg-utils и браузер)");
+        return;
+    }
+    prompts_.message(Icon::Exclamation, kTitle,
+                     "Не удается найти файл справки Parlex.html\n"
+                     "Этот файл должен быть в папке с запускаемой програмой");
+}
+
+void MainWindow::showAbout() {
+    prompts_.about(kTitle, "Parlex (v.2.02)\nРедактор скриптов и речи НПЦ "
+                           "Jagged Alliance 2 и Unfinished Business");
+}
+
+} // namespace parlex::gui

@@ -1,0 +1,175 @@
+#include "settings/optionsdialog.h"
+
+#include "app/closeanimation.h"
+#include "app/placement.h"
+#include "session/session.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+namespace parlex::gui {
+namespace {
+
+using session::OptionBox;
+
+constexpr int kCloseMilliseconds = 300;
+
+struct BoxText {
+    OptionBox box;
+    const char* name;
+    const char* caption;
+};
+// Tab 1 holds Check alone; the others are tab 2's, in their order there.
+constexpr BoxText kBoxes[] = {
+    {OptionBox::Check, "Check", "Запрос перед заменой"},
+    {OptionBox::CheckR, "CheckR", "Ассоциировать файлы *.npc с этой прграммой"},
+    {OptionBox::CheckA, "CheckA", "Блокировать анимацию при закрытие окон"},
+    {OptionBox::CheckH, "CheckH", "Показывать всплывающие подсказки (хинты)"},
+    {OptionBox::CheckM, "CheckM", "Автоматически показывать текущую фразу"},
+    {OptionBox::CheckS, "CheckS", "Определять имя edt-файла при открытии npc-файла"},
+    {OptionBox::CheckS1, "CheckS1", "и сразу загружать если он есть в данной папке"},
+    {OptionBox::CheckUS, "CheckUS", "Помнить путь последнего открытого EDT файла"},
+};
+
+struct ListButton {
+    const char* name;
+    const char* caption;
+    ListKey key;
+};
+constexpr ListButton kListButtons[] = {
+    {"ComReact", "&Реакций", ListKey::R},
+    {"ComAction", "&Воздействий", ListKey::A},
+    {"ComTrig", "&Триггеров", ListKey::T},
+    {"ComItem", "&Предметов", ListKey::I},
+    {"ComName", "&Имен", ListKey::N},
+    {"ComQi", "&Квестов (Принимаемых)", ListKey::Qi},
+    {"ComQo", "Квестов (&Завершенных)", ListKey::Qo},
+};
+
+} // namespace
+
+OptionsDialog::OptionsDialog(session::Session& session, FileAssociation* association,
+                             QWidget* owner)
+    : QDialog(owner), session_(session), model_(session, association) {
+    setObjectName("Options");
+    if (owner) {
+        setWindowTitle(owner->window()->windowTitle() + " Параметры...");
+        setWindowIcon(owner->window()->windowIcon());
+    }
+    build();
+    // Large enough for either tab, so that the dialog keeps its size when they change.
+    QSize size;
+    for (int tab : {2, 1}) {
+        model_.selectTab(tab);
+        showModel();
+        adjustSize();
+        size = size.expandedTo(sizeHint());
+    }
+    setFixedSize(size);
+    if (owner) {
+        const QScreen* screen = owner->screen();
+        move(centredOver(owner->window()->frameGeometry(), frameSize(),
+                         screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768)));
+    }
+}
+
+void OptionsDialog::build() {
+    auto* layout = new QVBoxLayout(this);
+    tabs_ = new QTabBar(this);
+    tabs_->setObjectName("TabStrip");
+    tabs_->addTab("Загрузка");
+    tabs_->addTab("Интерфейс");
+    tabs_->setExpanding(false);
+    layout->addWidget(tabs_);
+
+    frame_ = new QGroupBox(this);
+    frame_->setObjectName("Frame1");
+    auto* pages = new QVBoxLayout(frame_);
+    auto* lists = new QGridLayout;
+    pages->addLayout(lists);
+    int index = 0;
+    const auto addListButton = [&](const char* name, const char* caption, auto run) {
+        auto* button = new QPushButton(caption, frame_);
+        button->setObjectName(name);
+        button->setAutoDefault(false);
+        lists->addWidget(button, index / 2, index % 2);
+        ++index;
+        connect(button, &QPushButton::clicked, this, [run] {
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+            run();
+            QApplication::restoreOverrideCursor();
+        });
+        listButtons_.push_back(button);
+    };
+    for (const auto& [name, caption, key] : kListButtons)
+        addListButton(name, caption, [this, k = key] { model_.extract(k); });
+    addListButton("ComAll", "Извлечь всё", [this] { model_.extractAll(); });
+    for (const auto& [box, name, caption] : kBoxes) {
+        auto* check = new QCheckBox(caption, frame_);
+        check->setObjectName(name);
+        if (box == OptionBox::CheckS1)
+            check->setContentsMargins(20, 0, 0, 0); // it belongs to the name rule above it
+        pages->addWidget(check);
+        connect(check, &QCheckBox::clicked, this, [this, b = box](bool ticked) {
+            model_.setTicked(b, ticked);
+            showModel();
+        });
+        boxes_[static_cast<std::size_t>(box)] = check;
+    }
+    pages->addStretch(1);
+    layout->addWidget(frame_, 1);
+
+    auto* ok = new QPushButton("Закр&ыть", this);
+    ok->setObjectName("ComOK");
+    ok->setAutoDefault(false);
+    connect(ok, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    layout->addLayout(buttons);
+
+    connect(tabs_, &QTabBar::currentChanged, this, [this](int index) {
+        model_.selectTab(index + 1);
+        showModel();
+    });
+}
+
+void OptionsDialog::showModel() {
+    {
+        const QSignalBlocker quiet(tabs_);
+        tabs_->setCurrentIndex(model_.tab() - 1);
+    }
+    frame_->setTitle(model_.frameCaption());
+    const bool listTab = model_.tab() == 1;
+    for (auto* button : listButtons_)
+        button->setVisible(listTab);
+    for (const auto& entry : kBoxes) {
+        auto* check = boxes_[static_cast<std::size_t>(entry.box)];
+        const auto state = model_.box(entry.box);
+        check->setChecked(state.ticked);
+        check->setEnabled(state.enabled);
+        check->setVisible(model_.onShownTab(entry.box));
+    }
+}
+
+// Escape, the close button and the window's own close all end here.
+void OptionsDialog::done(int result) {
+    if (closing_)
+        return;
+    closing_ = true;
+    model_.close();
+    if (session_.options().animation || !isVisible()) {
+        QDialog::done(result);
+        return;
+    }
+    shrinkAway(this, kCloseMilliseconds, [this, result] { QDialog::done(result); });
+}
+
+} // namespace parlex::gui
