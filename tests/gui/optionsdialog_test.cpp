@@ -168,7 +168,7 @@ void OptionsDialogTest::thePicturesAreDrawn() {
     QVERIFY(bar->picture(2));
     QVERIFY(!bar->picture(2)->pixmap().isNull());
     QVERIFY(bar->picture(2)->isVisible());
-    QVERIFY2(bar->label(2)->contentsRect().left() >= 16, "the text starts behind the picture");
+    QVERIFY2(bar->label(2)->indent() >= 16, "the text starts behind the picture");
 }
 
 void OptionsDialogTest::helpOpensThroughTheDesktopOrSaysWhyNot() {

@@ -10,7 +10,8 @@ void StatusPanels::setPath(int panel, const std::filesystem::path& path, int spa
     QLabel* shown = label(panel);
     const QFontMetrics metrics(shown->font());
     const std::string fitted =
-        text::fitPath(path.string(), path.filename().string(), shown->contentsRect().width(), spare,
+        text::fitPath(path.string(), path.filename().string(),
+                      shown->contentsRect().width() - std::max(0, shown->indent()), spare,
                       [&](std::string_view s) {
                           return metrics.horizontalAdvance(
                               QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())));
@@ -39,7 +40,7 @@ void StatusPanels::setPicture(int panel, const QIcon& icon) {
     if (!picture) {
         picture = new QLabel(shown);
         picture->setObjectName(shown->objectName() + "_picture");
-        shown->setContentsMargins(kPicture + 2, 0, 0, 0); // the text starts behind it
+        shown->setIndent(kPicture + 3); // the text starts behind it
     }
     picture->setPixmap(icon.pixmap(kPicture, kPicture));
     picture->setFixedSize(kPicture, kPicture);

@@ -114,9 +114,14 @@ void OptionsDialog::build() {
     for (const auto& [box, name, caption] : kBoxes) {
         auto* check = new QCheckBox(caption, frame_);
         check->setObjectName(name);
-        if (box == OptionBox::CheckS1)
-            check->setContentsMargins(20, 0, 0, 0); // it belongs to the name rule above it
-        pages->addWidget(check);
+        if (box == OptionBox::CheckS1) { // it belongs to the name rule above it
+            auto* indented = new QHBoxLayout;
+            indented->addSpacing(20);
+            indented->addWidget(check, 1);
+            pages->addLayout(indented);
+        } else {
+            pages->addWidget(check);
+        }
         connect(check, &QCheckBox::clicked, this, [this, b = box](bool ticked) {
             model_.setTicked(b, ticked);
             showModel();
