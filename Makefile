@@ -4,7 +4,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 EXAMPLE    ?= examples/053.npc
 
-.PHONY: all deps build run run-cli test test-sanitize bench format clean
+.PHONY: all deps build run run-cli test test-sanitize bench package install format clean
 
 all: build
 
@@ -43,6 +43,16 @@ bench: build
 	@for b in $(BUILD)/benchmarks/bench_*; do $$b --benchmark_repetitions=5 --benchmark_report_aggregates_only=true; done
 	$(BUILD)/benchmarks/session_keystroke --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
 	QT_QPA_PLATFORM=offscreen $(BUILD)/benchmarks/qbench_window -median 15
+
+# The Debian package of the programs, in $(BUILD): parlex_<version>_<arch>.deb.
+package: build
+	cd $(BUILD) && cpack -G DEB
+
+# Installs under PREFIX (default /usr/local): programs, help, desktop entry, MIME
+# type, icon, AppStream data, manual page and shell completion.
+PREFIX ?= /usr/local
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
 
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')

@@ -22,6 +22,7 @@ void printOverview(std::ostream& out) {
     for (const Command* c : allCommands())
         out << "  " << c->usage << "\n      " << c->summary << "\n";
     out << "\nparlex-cli КОМАНДА --help  подробности о команде.\n"
+           "parlex-cli --version  версия программы.\n"
            "Код выхода: 0 успех, 1 файл или значение нельзя использовать, 2 неверный вызов.\n";
 }
 
@@ -43,6 +44,10 @@ int main(int argc, char** argv) {
     const std::string_view first = words[0];
     if (first == "--help" || first == "-h" || first == "help") {
         printOverview(std::cout);
+        return kOk;
+    }
+    if (first == "--version") {
+        std::cout << "parlex-cli " PARLEX_VERSION "\n";
         return kOk;
     }
     const Command* command = nullptr;

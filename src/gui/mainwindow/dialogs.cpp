@@ -15,7 +15,8 @@ const QString kTitle = QString::fromUtf8(kMessageTitle);
 // Where the help file is looked for: beside the program (a build, a portable copy),
 // then where an installation puts it.
 std::vector<std::filesystem::path> helpFiles(const std::filesystem::path& programDir) {
-    return {programDir / "Parlex.html", std::filesystem::path(PARLEX_HELP_DIR) / "Parlex.html"};
+    return {programDir / "Parlex.html",
+            (programDir / PARLEX_HELP_FROM_PROGRAM / "Parlex.html").lexically_normal()};
 }
 
 } // namespace

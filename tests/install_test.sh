@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# Installs the build into a temporary prefix and checks what lands where: the
+# programs, the help, the desktop files (validated as the desktop validates them),
+# the icon, the manual page and the shell completion.
+# usage: install_test.sh BUILD_DIR
+set -euo pipefail
+build=$1
+prefix=$(mktemp -d)
+trap 'rm -rf "$prefix"' EXIT
+fail() { echo "FAIL: $*" >&2; exit 1; }
+
+cmake --install "$build" --prefix "$prefix" >/dev/null
+
+for f in bin/parlex bin/parlex-cli share/parlex/Parlex.html \
+         share/applications/org.parlex.Parlex.desktop \
+         share/metainfo/org.parlex.Parlex.metainfo.xml \
+         share/mime/packages/org.parlex.Parlex.xml \
+         share/icons/hicolor/scalable/apps/org.parlex.Parlex.svg \
+         share/man/man1/parlex-cli.1.gz \
+         share/bash-completion/completions/parlex-cli; do
+    [ -s "$prefix/$f" ] || fail "$f not installed"
+done
+# Nothing else: no tests, benchmarks or helpers.
+count=$(find "$prefix" -type f | wc -l)
+[ "$count" -eq 9 ] || { find "$prefix" -type f >&2; fail "$count files installed, 9 expected"; }
+[ -x "$prefix/bin/parlex" ] && [ -x "$prefix/bin/parlex-cli" ] || fail "programs not executable"
+
+desktop-file-validate "$prefix/share/applications/org.parlex.Parlex.desktop" ||
+    fail "desktop entry"
+appstreamcli validate --no-net "$prefix/share/metainfo/org.parlex.Parlex.metainfo.xml" >/dev/null ||
+    fail "metainfo"
+xmllint() { python3 -c 'import sys, xml.dom.minidom; xml.dom.minidom.parse(sys.argv[1])' "$1"; }
+xmllint "$prefix/share/mime/packages/org.parlex.Parlex.xml" || fail "MIME package is no XML"
+xmllint "$prefix/share/icons/hicolor/scalable/apps/org.parlex.Parlex.svg" || fail "icon is no XML"
+
+"$prefix/bin/parlex-cli" --version | grep -qx 'parlex-cli [0-9.]*' || fail "--version"
+zcat "$prefix/share/man/man1/parlex-cli.1.gz" | grep -q '^\.SH NAME' || fail "man page has no NAME"
+zcat "$prefix/share/man/man1/parlex-cli.1.gz" | grep -q 'explain FILE.npc' ||
+    fail "man page lacks the commands"
+
+# The completion offers every command the overview lists.
+completion="$prefix/share/bash-completion/completions/parlex-cli"
+offered() {
+    bash -c 'source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _parlex_cli
+             printf "%s\n" "${COMPREPLY[@]}"' _ "$completion" "$@"
+}
+while read -r first second; do
+    offered parlex-cli "" | grep -qx "$first" || fail "completion lacks $first"
+    if [ -n "$second" ] && [ "${second#-}" = "$second" ] && [ "${second#[A-Z]}" = "$second" ]; then
+        offered parlex-cli "$first" "" | grep -qx "$second" || fail "completion lacks $first $second"
+    fi
+done < <("$prefix/bin/parlex-cli" --help | sed -n 's/^  \([a-z]\+\)\( [a-z]\+\)\? .*/\1\2/p')
+echo "installed layout OK"
