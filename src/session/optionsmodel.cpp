@@ -23,7 +23,7 @@ OptionsModel::OptionsModel(Session& session, FileAssociation* association)
 void OptionsModel::setTicked(OptionBox box, bool ticked) {
     if (!state(box).enabled)
         return;
-    Options& options = session_.options();
+    Options options = session_.options();
     switch (box) {
     case OptionBox::Check:
         options.flagOverwrite = ticked;
@@ -56,6 +56,7 @@ void OptionsModel::setTicked(OptionBox box, bool ticked) {
     }
     }
     state(box).ticked = ticked;
+    session_.setOptions(options);
 }
 
 void OptionsModel::selectTab(int tab) {
@@ -81,10 +82,11 @@ void OptionsModel::extractAll() {
 }
 
 void OptionsModel::close() {
-    Options& options = session_.options();
+    Options options = session_.options();
     options.findEdtName = box(OptionBox::CheckS).enabled;
     options.rememberPath = !options.findEdtName;
     options.autoLoad = box(OptionBox::CheckS1).ticked;
+    session_.setOptions(options);
 }
 
 } // namespace parlex::session

@@ -329,6 +329,13 @@ Settings Session::remembered(Settings s) const {
     return s;
 }
 
+void Session::setOptions(const Options& options) {
+    if (options == options_)
+        return;
+    options_ = options;
+    emit optionsChanged();
+}
+
 void Session::choosePhraseColour() {
     if (const auto colour = prompts_.chooseColour(options_.phraseBackColour)) {
         options_.phraseBackColour = *colour & 0xFFFFFFu;

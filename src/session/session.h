@@ -47,6 +47,8 @@ public:
     const std::filesystem::path& programDir() const { return programDir_; }
     Options& options() { return options_; }
     const Options& options() const { return options_; }
+    // New options, told by optionsChanged when they differ from the old.
+    void setOptions(const Options& options);
     SpeechDocument& speech() { return speech_; }
     const SpeechDocument& speech() const { return speech_; }
 
@@ -138,7 +140,7 @@ signals:
     void fieldShown();     // mark, position text or explanation changed
     void historyChanged(); // undo or redo became possible or impossible
     void bufferChanged();  // a record was copied
-    void optionsChanged(); // restored, or the phrase text's colour or font chosen
+    void optionsChanged(); // restored, set, or the phrase text's colour or font chosen
 
 private:
     enum class Ask { Continue, Cancel };

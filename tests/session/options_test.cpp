@@ -5,6 +5,7 @@
 #include "session/optionsmodel.h"
 #include "sessiontest.h"
 
+#include <QSignalSpy>
 #include <cstdlib>
 
 namespace {
@@ -65,18 +66,24 @@ TEST_F(OptionsTest, TheBoxesAtOpeningFollowTheOptions) {
     }
 }
 
-TEST_F(OptionsTest, FourBoxesChangeTheirOptionAtTheClick) {
+TEST_F(OptionsTest, FourBoxesChangeTheirOptionAtTheClickAndTellIt) {
     auto model = open();
+    QSignalSpy told(&session, &Session::optionsChanged);
     model.setTicked(OptionBox::Check, false);
     model.setTicked(OptionBox::CheckA, true);
     model.setTicked(OptionBox::CheckH, true);
     model.setTicked(OptionBox::CheckM, false);
+    EXPECT_EQ(told.count(), 4) << "the window shows a new option at once";
+    model.setTicked(OptionBox::CheckS1, true);
+    EXPECT_EQ(told.count(), 4) << "loading at once waits for the close";
+    model.close();
+    EXPECT_EQ(told.count(), 5);
     const auto& o = session.options();
     EXPECT_FALSE(o.flagOverwrite);
     EXPECT_TRUE(o.animation);
     EXPECT_TRUE(o.toolTips);
     EXPECT_FALSE(o.showMessages);
-    EXPECT_EQ(boxes(model), (std::vector<BoxState>{off, on, on, off, on, off, offGrey}));
+    EXPECT_EQ(boxes(model), (std::vector<BoxState>{off, on, on, off, on, on, offGrey}));
 }
 
 // The speech-file boxes: the clicks, the boxes after them, and the options after
