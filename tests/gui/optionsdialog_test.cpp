@@ -185,6 +185,19 @@ void OptionsDialogTest::helpOpensThroughTheDesktopOrSaysWhyNot() {
     QCOMPARE(recorder.opened, QList<QUrl>{QUrl::fromLocalFile(
                                   QString::fromStdString((f->dir / "Parlex.html").string()))});
     QCOMPARE(f->prompts.messages.size(), before);
+
+    // An installed program finds it in the shared folder beside its bin folder.
+    std::filesystem::create_directories(f->dir / "bin");
+    std::filesystem::create_directories(f->dir / "share" / "parlex");
+    std::filesystem::rename(f->dir / "Parlex.html", f->dir / "share" / "parlex" / "Parlex.html");
+    MainWindow installed(f->prompts, f->dir / "bin");
+    QDesktopServices::setUrlHandler("file", &recorder, "open");
+    installed.openHelp();
+    QDesktopServices::unsetUrlHandler("file");
+    QCOMPARE(recorder.opened.size(), 2);
+    QCOMPARE(recorder.opened.last(), QUrl::fromLocalFile(QString::fromStdString(
+                                         (f->dir / "share" / "parlex" / "Parlex.html").string())));
+    QCOMPARE(f->prompts.messages.size(), before);
 }
 
 QTEST_MAIN(OptionsDialogTest)

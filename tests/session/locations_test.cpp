@@ -43,4 +43,31 @@ TEST(Locations, TheUsersFoldersAreWhereQtPutsThem) {
     restore();
 }
 
+// A writable folder is a portable install, unless the program is installed with
+// its shared files beside its bin folder (as root can write to /usr/bin).
+TEST(Locations, AnInstalledProgramIsNeverPortable) {
+    testutil::TempDir dir;
+    struct Case {
+        const char* programDir;
+        const char* made; // a folder made beside it, or null
+        bool portable;
+    };
+    const Case cases[] = {
+        {"portable", nullptr, true},
+        {"usr/bin", "usr/share/parlex", false},
+        {"usr/bin", nullptr, true},
+        {"tools", "share/parlex", true},
+    };
+    for (const auto& c : cases) {
+        const auto program = dir / c.programDir;
+        std::filesystem::remove_all(dir.path() / "usr");
+        std::filesystem::create_directories(program);
+        if (c.made)
+            std::filesystem::create_directories(dir / c.made);
+        const auto l = locations(program);
+        EXPECT_EQ(l.portable, c.portable) << c.programDir << " " << (c.made ? c.made : "");
+        EXPECT_EQ(l.settingsFile.parent_path() == program, c.portable);
+    }
+}
+
 } // namespace
