@@ -29,6 +29,7 @@ std::span<const Command> npcCommands();
 std::span<const Command> listCommands();
 std::span<const Command> explainCommands();
 std::span<const Command> edtCommands();
+std::span<const Command> modCommands();
 
 // Prints the error's message to stderr and returns kFailed.
 int report(const Error& error, Io io);

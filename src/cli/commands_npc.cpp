@@ -2,6 +2,8 @@
 #include "cli/commands.h"
 #include "cli/json.h"
 #include "explain/fieldlayout.h"
+#include "mod/batchconvert.h"
+#include "mod/scripts.h"
 #include "npc/npcfile.h"
 #include "text/hex.h"
 #include "text/numbers.h"
@@ -80,7 +82,38 @@ int runSet(const Args& args, Io io) {
     return kOk;
 }
 
+// Many scripts into one layout: those already in it are named and skipped.
+int runConvertMany(const Args& args, Io io) {
+    const auto to = *args.value("--to");
+    if (to != "ub" && to != "ja")
+        return usage("convert", "--to: ub или ja", io);
+    if (args.positional.empty())
+        return usage("convert", "нужен хотя бы один файл .npc или папка", io);
+    const std::vector<std::filesystem::path> paths(args.positional.begin(), args.positional.end());
+    const auto out = args.value("--out");
+    int status = kOk;
+    for (const auto& outcome : mod::convertScripts(
+             mod::collectScripts(paths), to == "ub" ? NpcFileType::Ub : NpcFileType::Ja,
+             out ? std::optional<std::filesystem::path>(*out) : std::nullopt)) {
+        using Status = mod::ConvertOutcome::Status;
+        if (outcome.status == Status::Converted) {
+            io.out << outcome.source.string() << " -> " << outcome.target.string() << " (" << to
+                   << ")\n";
+        } else {
+            io.err << "parlex-cli: " << outcome.source.string() << ": " << outcome.message
+                   << (outcome.status == Status::Skipped ? ", пропущен" : "") << "\n";
+            if (outcome.status == Status::Failed)
+                status = kFailed;
+        }
+    }
+    return status;
+}
+
 int runConvert(const Args& args, Io io) {
+    if (args.value("--to"))
+        return runConvertMany(args, io);
+    if (args.value("--out"))
+        return usage("convert", "--out только вместе с --to", io);
     if (args.positional.size() != 2)
         return usage("convert", "нужны два пути: исходный файл и файл результата", io);
     auto source = npcformat::readScript(args.positional[0]);
@@ -98,6 +131,7 @@ int runConvert(const Args& args, Io io) {
 
 constexpr OptionSpec kJson[] = {{"--json", false}};
 constexpr OptionSpec kSetOptions[] = {{"--record", true}, {"--field", true}, {"--value", true}};
+constexpr OptionSpec kConvertOptions[] = {{"--to", true}, {"--out", true}};
 
 constexpr Command kCommands[] = {
     {"info", "info FILE.npc [--json]", "тип файла и число непустых записей", "", kJson, runInfo},
@@ -114,12 +148,13 @@ constexpr Command kCommands[] = {
      "V: десятичное число.\n"
      "Недопустимое значение, поле или запись: код 1, файл не изменяется.",
      kSetOptions, runSet},
-    {"convert",
-     "convert SRC.npc DST.npc",
+    {"convert", "convert SRC.npc DST.npc | convert --to ub|ja PATH... [--out DIR]",
      "записывает DST в другом формате (\"ub\" <-> \"ja\"); SRC и DST могут совпадать",
-     "",
-     {},
-     runConvert},
+     "С --to: каждый скрипт из PATH (файл или папка со всеми *.npc внутри), который ещё\n"
+     "не в формате ub или ja, переписывается в нём: на месте или в папку DIR под тем же\n"
+     "именем. Скрипты, уже записанные в этом формате, называются в stderr и пропускаются.\n"
+     "Код выхода 1, если хотя бы один файл не удалось прочитать или записать.",
+     kConvertOptions, runConvert},
 };
 
 } // namespace

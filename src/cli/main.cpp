@@ -10,7 +10,8 @@ namespace {
 
 std::vector<const Command*> allCommands() {
     std::vector<const Command*> all;
-    for (auto group : {npcCommands(), listCommands(), explainCommands(), edtCommands()})
+    for (auto group :
+         {npcCommands(), listCommands(), explainCommands(), edtCommands(), modCommands()})
         for (const auto& c : group)
             all.push_back(&c);
     return all;

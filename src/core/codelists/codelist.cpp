@@ -1,5 +1,7 @@
 #include "codelists/codelist.h"
 
+#include <algorithm>
+
 #include "codelists/embedded.h"
 #include "codelists/resources.h"
 #include "text/lines.h"
@@ -61,8 +63,10 @@ const CodeList& codeList(ListKey key) {
 }
 
 std::optional<ListKey> parseListKey(std::string_view text) {
+    const auto lower = [](unsigned char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; };
     for (const auto& list : kLists)
-        if (list.keyText == text)
+        if (std::ranges::equal(list.keyText, text,
+                               [&](char a, char b) { return lower(a) == lower(b); }))
             return list.key;
     return std::nullopt;
 }

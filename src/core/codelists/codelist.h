@@ -25,6 +25,7 @@ struct CodeList {
 // In the order in which the lists are written out: R A T I N Qi Qo.
 std::span<const CodeList> codeLists();
 const CodeList& codeList(ListKey key);
+// "N", "T", "I", "Qi", "Qo", "A", "R" in any case ("qi" is "Qi").
 std::optional<ListKey> parseListKey(std::string_view text);
 
 // The codes of the built-in table in list order: 0..lastCode, or the codes of the

@@ -63,6 +63,11 @@ std::filesystem::path CodeLists::overridePath(ListKey key) const {
 }
 
 const CodeLists::ListFile* CodeLists::overrideFile(ListKey key) const {
+    if (!watch_ && settled_.contains(key)) {
+        const auto it = cache_.find(key);
+        return it == cache_.end() ? nullptr : &it->second;
+    }
+    settled_.insert(key);
     const auto path = overridePath(key);
     const auto status = platform::fileStatus(path);
     if (!status) {

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -24,9 +25,12 @@ struct ListRows {
 //
 // Files are read on demand. A parsed file is kept until its size, modification time
 // or inode changes, so a file put in, taken out or edited counts at the next lookup.
+// A batch run that reads the folder once (`watch` false) is spared that look at the
+// file on every lookup. The lists are not shared between threads: each takes a copy.
 class CodeLists {
 public:
-    explicit CodeLists(std::filesystem::path folder) : folder_(std::move(folder)) {}
+    explicit CodeLists(std::filesystem::path folder, bool watch = true)
+        : folder_(std::move(folder)), watch_(watch) {}
 
     const std::filesystem::path& folder() const { return folder_; }
 
@@ -58,7 +62,9 @@ private:
     const ListFile* overrideFile(ListKey key) const;
 
     std::filesystem::path folder_;
+    bool watch_ = true;
     mutable std::map<ListKey, ListFile> cache_;
+    mutable std::set<ListKey> settled_; // without watching: the lists looked for once
 };
 
 // The row of a code as the list window shows it.

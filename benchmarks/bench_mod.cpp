@@ -1,0 +1,64 @@
+// The per-script work of the whole-mod commands: lint of the example with a speech
+// file beside it, and a search by list code, against reading the script alone.
+#include "codelists/codelists.h"
+#include "mod/lint.h"
+#include "mod/search.h"
+#include "npc/npcfile.h"
+#include "speech/edtfile.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+using namespace parlex;
+namespace fs = std::filesystem;
+
+namespace {
+
+// The example and a speech file beside it, in a folder of their own.
+const fs::path& modFolder() {
+    static const fs::path folder = [] {
+        std::string pattern = (fs::temp_directory_path() / "parlex-bench-XXXXXX").string();
+        const fs::path dir = ::mkdtemp(pattern.data());
+        fs::copy_file(PARLEX_EXAMPLE, dir / "053.npc");
+        auto speech = EdtFile::makeNew(EdtKind::NpcDialogues);
+        for (int p = 0; p < 143; p += 2)
+            (void)speech.setPhrase(p, "Фраза для проверки скорости");
+        (void)speech.saveAs(dir / "053.EDT");
+        std::atexit([] { fs::remove_all(modFolder()); });
+        return dir;
+    }();
+    return folder;
+}
+
+} // namespace
+
+static void BM_ReadScript(benchmark::State& state) {
+    const fs::path script = modFolder() / "053.npc";
+    for (auto _ : state) {
+        auto file = NpcFile::load(script);
+        benchmark::DoNotOptimize(file);
+    }
+}
+BENCHMARK(BM_ReadScript);
+
+static void BM_LintScript(benchmark::State& state) {
+    const std::vector<fs::path> scripts{modFolder() / "053.npc"};
+    const CodeLists lists(modFolder() / "lists", false);
+    for (auto _ : state) {
+        auto findings = mod::lintScripts(scripts, lists);
+        benchmark::DoNotOptimize(findings);
+    }
+}
+BENCHMARK(BM_LintScript);
+
+static void BM_FindCode(benchmark::State& state) {
+    const std::vector<fs::path> scripts{modFolder() / "053.npc"};
+    const CodeLists lists(modFolder() / "lists", false);
+    for (auto _ : state) {
+        auto found = mod::findCode(scripts, ListKey::T, 500, lists);
+        benchmark::DoNotOptimize(found);
+    }
+}
+BENCHMARK(BM_FindCode);

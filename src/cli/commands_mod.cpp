@@ -1,0 +1,153 @@
+// Commands over a whole mod: lint, find, diff.
+#include "cli/commands.h"
+#include "cli/json.h"
+#include "codelists/codelist.h"
+#include "codelists/codelists.h"
+#include "mod/lint.h"
+#include "mod/scriptdiff.h"
+#include "mod/scripts.h"
+#include "mod/search.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace parlex::cli {
+namespace {
+
+std::vector<std::filesystem::path> scriptsOf(const Args& args) {
+    const std::vector<std::filesystem::path> paths(args.positional.begin(), args.positional.end());
+    return mod::collectScripts(paths);
+}
+
+std::string jsonNumberOrNull(const std::optional<int>& n) {
+    return n ? std::to_string(*n) : "null";
+}
+
+// The findings as lines, or as one JSON object; returns how many are errors.
+std::size_t printFindings(const std::vector<mod::Finding>& findings, std::size_t files, bool json,
+                          Io io) {
+    std::string out; // written at once: one stream call per run, not per field
+    if (json)
+        out += "{\"files\":" + std::to_string(files) + ",\"findings\":[";
+    bool first = true;
+    for (const auto& f : findings) {
+        if (json) {
+            out += first ? "" : ",";
+            out += "{\"file\":" + jsonString(f.file.string()) +
+                   ",\"record\":" + jsonNumberOrNull(f.record) +
+                   ",\"field\":" + jsonNumberOrNull(f.field) + ",\"severity\":\"" +
+                   mod::severityName(f.severity) + "\",\"message\":" + jsonString(f.message) + "}";
+        } else {
+            out += mod::formatFinding(f) + "\n";
+        }
+        first = false;
+    }
+    if (json)
+        out += "]}\n";
+    io.out << out;
+    return static_cast<std::size_t>(
+        std::ranges::count(findings, mod::Severity::Error, &mod::Finding::severity));
+}
+
+int runLint(const Args& args, Io io) {
+    if (args.positional.empty())
+        return usage("lint", "нужен хотя бы один файл .npc или папка", io);
+    const auto scripts = scriptsOf(args);
+    const CodeLists lists(listsFolder(args), false);
+    const auto findings = mod::lintScripts(scripts, lists);
+    return printFindings(findings, scripts.size(), args.has("--json"), io) ? kFailed : kOk;
+}
+
+int runFind(const Args& args, Io io) {
+    if (args.positional.empty())
+        return usage("find", "нужен хотя бы один файл .npc или папка", io);
+    const bool byCode = args.has("--list") || args.has("--code");
+    if (byCode == args.has("--phrase"))
+        return usage("find", "нужен либо --list KEY --code N, либо --phrase N", io);
+    const auto scripts = scriptsOf(args);
+    const CodeLists lists(listsFolder(args), false);
+    std::vector<mod::Finding> found;
+    if (byCode) {
+        const auto key = parseListKey(args.value("--list").value_or(""));
+        if (!key)
+            return usage("find", "--list: ключ списка N, T, I, Qi, Qo, A или R", io);
+        const auto code = parseNumber(args.value("--code").value_or(""), 0, 65535);
+        if (!code)
+            return usage("find", "--code: число от 0 до 65535", io);
+        found = mod::findCode(scripts, *key, static_cast<std::uint32_t>(*code), lists);
+    } else {
+        const auto phrase = parseNumber(*args.value("--phrase"), 0, 255);
+        if (!phrase)
+            return usage("find", "--phrase: число от 0 до 255", io);
+        found = mod::findPhrase(scripts, static_cast<int>(*phrase), lists);
+    }
+    const bool any = std::ranges::any_of(
+        found, [](const mod::Finding& f) { return f.severity == mod::Severity::Match; });
+    const std::size_t errors = printFindings(found, scripts.size(), args.has("--json"), io);
+    return errors ? kUsage : any ? kOk : kFailed;
+}
+
+int runDiff(const Args& args, Io io) {
+    if (args.positional.size() != 2)
+        return usage("diff", "нужны два файла .npc", io);
+    const CodeLists lists(listsFolder(args), false);
+    const auto changes = mod::diffScripts(args.positional[0], args.positional[1], lists);
+    if (!changes) {
+        io.err << "parlex-cli: " << changes.error().message << "\n";
+        return kUsage;
+    }
+    std::string out;
+    if (args.has("--json")) {
+        out = "{\"a\":" + jsonString(args.positional[0]) +
+              ",\"b\":" + jsonString(args.positional[1]) + ",\"changes\":[";
+        for (const auto& c : *changes)
+            out += std::string(&c == changes->data() ? "" : ",") +
+                   "{\"record\":" + std::to_string(c.record) +
+                   ",\"field\":" + std::to_string(c.field) + ",\"old\":" + jsonString(c.oldHex) +
+                   ",\"new\":" + jsonString(c.newHex) + ",\"oldText\":" + jsonString(c.oldText) +
+                   ",\"newText\":" + jsonString(c.newText) + "}";
+        out += "]}\n";
+    } else {
+        for (const auto& c : *changes)
+            out += std::to_string(c.record) + ":" + std::to_string(c.field) + ": " + c.oldHex +
+                   " -> " + c.newHex + "\n    - " + c.oldText + "\n    + " + c.newText + "\n";
+    }
+    io.out << out;
+    return changes->empty() ? kOk : kFailed;
+}
+
+constexpr OptionSpec kLintOptions[] = {{"--lists", true}, {"--json", false}};
+constexpr OptionSpec kFindOptions[] = {
+    {"--list", true}, {"--code", true}, {"--phrase", true}, {"--lists", true}, {"--json", false}};
+
+constexpr Command kCommands[] = {
+    {"lint", "lint PATH... [--lists DIR] [--json]",
+     "ошибки и замечания во всех скриптах: ФАЙЛ:ЗАПИСЬ:ПОЛЕ: error|warning: текст",
+     "PATH: файл .npc или папка (все *.npc внутри, в любом регистре, с подпапками).\n"
+     "error: значение, которое окно показывает тёмно-красным, или файл, который не скрипт;\n"
+     "warning: замечание после фразы; фразы записи (байты 14-15), которых нет или которые\n"
+     "пусты в речевом файле рядом (053.npc -> 053.EDT); ненулевой хвост файла \"ja\".\n"
+     "ПОЛЕ - индекс первого байта поля (0-31), как в set --field.\n"
+     "Код выхода: 0 без ошибок, 1 если есть хотя бы одна error, 2 неверный вызов.\n"
+     "--json: {\"files\":N,\"findings\":[{\"file\":...,\"record\":R,\"field\":F,\n"
+     "\"severity\":\"error\",\"message\":...}]} (record и field null для файла целиком).",
+     kLintOptions, runLint},
+    {"find", "find PATH... (--list KEY --code N | --phrase N) [--lists DIR] [--json]",
+     "поля со значением N из списка KEY или записи, произносящие фразу N",
+     "Вывод: ФАЙЛ:ЗАПИСЬ:ПОЛЕ: фраза объяснения поля. KEY: N T I Qi Qo A R (любой регистр).\n"
+     "Код выхода: 0 найдено, 1 ничего не найдено, 2 неверный вызов или нечитаемый файл.",
+     kFindOptions, runFind},
+    {"diff", "diff A.npc B.npc [--lists DIR] [--json]",
+     "различия двух скриптов по полям: ЗАПИСЬ:ПОЛЕ: старое -> новое, с обеими фразами",
+     "Записи сравниваются по номеру (1-50); форматы файлов могут различаться.\n"
+     "Код выхода: 0 записи равны, 1 есть различия, 2 ошибка (как у diff).",
+     kLintOptions, runDiff},
+};
+
+} // namespace
+
+std::span<const Command> modCommands() {
+    return kCommands;
+}
+
+} // namespace parlex::cli

@@ -1,0 +1,50 @@
+#include "mod/batchconvert.h"
+
+#include "npc/npcformat.h"
+#include "platform/files.h"
+
+#include <set>
+
+namespace parlex::mod {
+namespace fs = std::filesystem;
+
+std::vector<ConvertOutcome> convertScripts(std::span<const fs::path> scripts, NpcFileType to,
+                                           const std::optional<fs::path>& outDir) {
+    using Status = ConvertOutcome::Status;
+    std::vector<ConvertOutcome> outcomes;
+    std::set<fs::path> written;
+    if (outDir) {
+        std::error_code ec;
+        fs::create_directories(*outDir, ec); // a failure shows in each write
+    }
+    for (const auto& source : scripts) {
+        const fs::path target = outDir ? *outDir / source.filename() : source;
+        const auto bytes = npcformat::readScript(source);
+        if (!bytes) {
+            outcomes.push_back({source, target, Status::Failed, bytes.error().message});
+            continue;
+        }
+        if (npcformat::detectType(*bytes) == to) {
+            outcomes.push_back({source, target, Status::Skipped,
+                                "уже в формате \"" + std::string(typeTag(to)) + "\""});
+            continue;
+        }
+        std::error_code ec;
+        const fs::path canonical = fs::weakly_canonical(target, ec);
+        if (!written.insert(ec ? target : canonical).second) {
+            outcomes.push_back({source, target, Status::Skipped,
+                                "файл " + target.string() + " уже записан из другого скрипта"});
+            continue;
+        }
+        const auto converted = npcformat::convertLayout(*bytes, to);
+        const auto saved = converted ? platform::writeFileAtomic(target, *converted)
+                                     : Result<void>(std::unexpected(converted.error()));
+        if (saved)
+            outcomes.push_back({source, target, Status::Converted, {}});
+        else
+            outcomes.push_back({source, target, Status::Failed, saved.error().message});
+    }
+    return outcomes;
+}
+
+} // namespace parlex::mod

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "npc/npcfiletype.h"
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace parlex::mod {
+
+struct ConvertOutcome {
+    enum class Status { Converted, Skipped, Failed };
+    std::filesystem::path source;
+    std::filesystem::path target;
+    Status status;
+    std::string message; // why it was skipped or failed
+};
+
+// Rewrites every script not yet in the `to` layout: in place, or into `outDir` (made
+// when missing) under the same name. A script already in that layout is skipped, and
+// so is a second script whose name would overwrite one written in this run. Each
+// file is written atomically; one failure does not stop the others.
+std::vector<ConvertOutcome> convertScripts(std::span<const std::filesystem::path> scripts,
+                                           NpcFileType to,
+                                           const std::optional<std::filesystem::path>& outDir);
+
+} // namespace parlex::mod

@@ -1,0 +1,122 @@
+#include "mod/lint.h"
+
+#include "codelists/codelists.h"
+#include "explain/explainer.h"
+#include "explain/fieldlayout.h"
+#include "mod/scripts.h"
+#include "npc/npcfile.h"
+#include "platform/files.h"
+#include "speech/companion.h"
+#include "speech/edtfile.h"
+
+#include <algorithm>
+
+namespace parlex::mod {
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kPhraseFirst = 13;
+constexpr int kPhraseCount = 14;
+constexpr std::uint8_t kNoPhrase = 0xFF;
+constexpr std::size_t kJaTail = npcformat::kJaHeaderSize + 49 * kRecordSize;
+
+// The speech file beside a script, as far as it could be read.
+struct Speech {
+    std::optional<EdtFile> file;
+    int phrasesOnDisk = 0;
+};
+
+Speech readSpeech(const fs::path& script, std::vector<Finding>& findings) {
+    Speech speech;
+    const auto path = findCompanion(script);
+    if (!path)
+        return speech;
+    auto file = EdtFile::load(*path, EdtKind::NpcDialogues);
+    if (!file) {
+        findings.push_back({script, std::nullopt, std::nullopt, Severity::Warning,
+                            "речевой файл " + path->filename().string() +
+                                " не прочитан: " + file.error().message});
+        return speech;
+    }
+    const auto size = platform::fileSize(*path);
+    speech.phrasesOnDisk = size ? static_cast<int>(*size / file->info().recordSize) : 0;
+    speech.file = std::move(*file);
+    return speech;
+}
+
+void lintPhrases(const fs::path& script, int position, const NpcRecord& record,
+                 const Speech& speech, std::vector<Finding>& findings) {
+    if (!speech.file || record[kPhraseFirst] == kNoPhrase)
+        return;
+    std::vector<int> missing, empty;
+    for (int p = record[kPhraseFirst]; p < record[kPhraseFirst] + record[kPhraseCount]; ++p) {
+        if (p >= speech.phrasesOnDisk)
+            missing.push_back(p);
+        else if (speech.file->phraseBytes(p).empty())
+            empty.push_back(p);
+    }
+    const std::string name = speech.file->title();
+    if (!missing.empty())
+        findings.push_back({script, position, kPhraseFirst, Severity::Warning,
+                            "фразы " + numberRanges(missing) + " нет в файле " + name +
+                                " (в нём фраз: " + std::to_string(speech.phrasesOnDisk) + ")"});
+    if (!empty.empty())
+        findings.push_back({script, position, kPhraseFirst, Severity::Warning,
+                            (empty.size() == 1 ? "фраза " : "фразы ") + numberRanges(empty) +
+                                " в файле " + name + (empty.size() == 1 ? " пустая" : " пустые")});
+}
+
+void lintBytes(const fs::path& path, const npcformat::FileBytes& bytes, const CodeLists& lists,
+               std::vector<Finding>& findings) {
+    const NpcFile script = NpcFile::fromBytes(bytes, path);
+    if (script.type() == NpcFileType::Ja &&
+        std::any_of(bytes.begin() + kJaTail, bytes.end(), [](std::uint8_t b) { return b != 0; }))
+        findings.push_back({path, std::nullopt, std::nullopt, Severity::Warning,
+                            "хвост файла \"ja\" (байты 1573-1600) не нулевой: сохранение "
+                            "запишет туда нули"});
+    const Speech speech = readSpeech(path, findings);
+    const ExplainContext context{script.type(), &lists, false, 0};
+    for (std::size_t i = 0; i < script.recordCount(); ++i) {
+        const NpcRecord& record = script.record(i);
+        if (isEmptyRecord(record))
+            continue;
+        const int position = static_cast<int>(i) + 1;
+        for (const FieldInfo& field : fieldTable()) {
+            const Explanation e = explain(&record, field.index, context);
+            if (e.alert)
+                findings.push_back({path, position, field.index, Severity::Error,
+                                    std::string(field.name) + ": " + e.text});
+            else if (!e.remark.empty())
+                findings.push_back({path, position, field.index, Severity::Warning,
+                                    std::string(field.name) + ": " + e.text + e.remark});
+        }
+        lintPhrases(path, position, record, speech, findings);
+    }
+}
+
+} // namespace
+
+std::string numberRanges(const std::vector<int>& numbers) {
+    std::string out;
+    for (std::size_t i = 0; i < numbers.size();) {
+        std::size_t j = i;
+        while (j + 1 < numbers.size() && numbers[j + 1] == numbers[j] + 1)
+            ++j;
+        out += (out.empty() ? "" : ", ") + std::to_string(numbers[i]);
+        if (j > i)
+            out += "-" + std::to_string(numbers[j]);
+        i = j + 1;
+    }
+    return out;
+}
+
+std::vector<Finding> lintScript(const fs::path& path, const CodeLists& lists) {
+    return lintScripts(std::span(&path, 1), lists);
+}
+
+std::vector<Finding> lintScripts(std::span<const fs::path> scripts, const CodeLists& lists) {
+    return checkScripts(scripts, lists, lintBytes);
+}
+
+} // namespace parlex::mod

@@ -1,0 +1,43 @@
+#include "mod/scriptdiff.h"
+
+#include "codelists/codelists.h"
+#include "explain/explainer.h"
+#include "explain/fieldlayout.h"
+#include "npc/npcfile.h"
+
+namespace parlex::mod {
+
+Result<std::vector<FieldChange>> diffScripts(const std::filesystem::path& a,
+                                             const std::filesystem::path& b,
+                                             const CodeLists& lists) {
+    auto left = NpcFile::load(a);
+    if (!left)
+        return std::unexpected(left.error());
+    auto right = NpcFile::load(b);
+    if (!right)
+        return std::unexpected(right.error());
+    const ExplainContext leftContext{left->type(), &lists, false, 0};
+    const ExplainContext rightContext{right->type(), &lists, false, 0};
+    constexpr NpcRecord kEmpty{};
+    std::vector<FieldChange> changes;
+    for (int position = 1; position <= kPositions; ++position) {
+        const NpcRecord* oldRecord = left->recordAt(position);
+        const NpcRecord* newRecord = right->recordAt(position);
+        const NpcRecord& oldBytes = oldRecord ? *oldRecord : kEmpty;
+        const NpcRecord& newBytes = newRecord ? *newRecord : kEmpty;
+        if (oldBytes == newBytes)
+            continue;
+        for (const FieldInfo& field : fieldTable()) {
+            if (fieldHex(oldBytes, field.index) == fieldHex(newBytes, field.index))
+                continue;
+            changes.push_back({position, field.index,
+                               oldRecord ? fieldHex(*oldRecord, field.index) : "-",
+                               newRecord ? fieldHex(*newRecord, field.index) : "-",
+                               explain(oldRecord, field.index, leftContext).text,
+                               explain(newRecord, field.index, rightContext).text});
+        }
+    }
+    return changes;
+}
+
+} // namespace parlex::mod

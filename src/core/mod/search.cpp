@@ -1,0 +1,68 @@
+#include "mod/search.h"
+
+#include "codelists/codelists.h"
+#include "explain/explainer.h"
+#include "explain/fieldlayout.h"
+#include "mod/scripts.h"
+#include "npc/npcfile.h"
+
+#include <algorithm>
+
+namespace parlex::mod {
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kPhraseFirst = 13;
+constexpr int kPhraseCount = 14;
+
+using Test = std::function<void(const fs::path&, int position, const NpcRecord&,
+                                const ExplainContext&, std::vector<Finding>&)>;
+
+// Runs `test` over every non-empty record of every script.
+std::vector<Finding> search(std::span<const fs::path> scripts, const CodeLists& lists,
+                            const Test& test) {
+    return checkScripts(scripts, lists,
+                        [&](const fs::path& path, const npcformat::FileBytes& bytes,
+                            const CodeLists& own, std::vector<Finding>& found) {
+                            const NpcFile script = NpcFile::fromBytes(bytes, path);
+                            const ExplainContext context{script.type(), &own, false, 0};
+                            for (std::size_t r = 0; r < script.recordCount(); ++r)
+                                if (!isEmptyRecord(script.record(r)))
+                                    test(path, static_cast<int>(r) + 1, script.record(r), context,
+                                         found);
+                        });
+}
+
+Finding match(const fs::path& file, int position, const NpcRecord& record, const FieldInfo& field,
+              const ExplainContext& context) {
+    return {file, position, field.index, Severity::Match,
+            std::string(field.name) + ": " + explain(&record, field.index, context).text};
+}
+
+} // namespace
+
+std::vector<Finding> findCode(std::span<const fs::path> scripts, ListKey key, std::uint32_t code,
+                              const CodeLists& lists) {
+    return search(scripts, lists,
+                  [&](const fs::path& file, int position, const NpcRecord& record,
+                      const ExplainContext& context, std::vector<Finding>& found) {
+                      for (const FieldInfo& field : fieldTable())
+                          if (field.list == key && fieldValue(record, field.index) == code)
+                              found.push_back(match(file, position, record, field, context));
+                  });
+}
+
+std::vector<Finding> findPhrase(std::span<const fs::path> scripts, int phrase,
+                                const CodeLists& lists) {
+    return search(scripts, lists,
+                  [&](const fs::path& file, int position, const NpcRecord& record,
+                      const ExplainContext& context, std::vector<Finding>& found) {
+                      const int first = record[kPhraseFirst];
+                      if (first != 0xFF && phrase >= first && phrase < first + record[kPhraseCount])
+                          found.push_back(match(file, position, record,
+                                                *fieldStartingAt(kPhraseFirst), context));
+                  });
+}
+
+} // namespace parlex::mod
