@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(make cmake g++ libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev
           qt6-translations-l10n qt6-svg-dev xdg-utils shared-mime-info desktop-file-utils
-          appstream help2man file dpkg-dev)
+          appstream help2man file dpkg-dev gettext)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -1,5 +1,6 @@
 #include "cli/args.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace parlex::cli {
@@ -19,7 +20,10 @@ std::variant<Args, UsageError> parseArgs(std::span<char* const> words,
             args.help = true;
             continue;
         }
-        if (word.size() > 2 && word.starts_with("--")) {
+        const bool shortOption =
+            word.size() == 2 && word[0] == '-' && word[1] != '-' &&
+            std::ranges::any_of(options, [&](const OptionSpec& o) { return o.name == word; });
+        if ((word.size() > 2 && word.starts_with("--")) || shortOption) {
             std::string_view name = word;
             std::optional<std::string_view> inlineValue;
             if (auto eq = word.find('='); eq != std::string_view::npos) {

@@ -36,7 +36,8 @@ struct UsageError {
 };
 
 // Splits the words of a command line by the options the command knows.
-// "--help"/"-h" anywhere asks for help; unknown options are usage errors.
+// "--help"/"-h" anywhere asks for help; unknown "--" options are usage errors. A
+// short option ("-o") counts only where the command has one; "-5" stays a word.
 std::variant<Args, UsageError> parseArgs(std::span<char* const> words,
                                          std::span<const OptionSpec> options);
 

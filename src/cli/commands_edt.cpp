@@ -1,10 +1,11 @@
-// Commands on speech files: edt show, info, set, new, decompile.
+// Commands on speech files: edt show, info, set, new, decompile, export, import.
 #include "cli/commands.h"
 #include "cli/json.h"
 #include "platform/files.h"
 #include "speech/decompiler.h"
 #include "speech/edtfile.h"
 #include "speech/edtsummary.h"
+#include "speech/exchange.h"
 #include "text/numbers.h"
 
 #include <ostream>
@@ -133,7 +134,76 @@ int runDecompile(const Args& args, Io io) {
     return kOk;
 }
 
+// The extension of a name in lower case (".json", ".po").
+std::string lowerExtension(const std::filesystem::path& path) {
+    std::string extension = path.extension().string();
+    for (char& c : extension)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return extension;
+}
+
+int runExport(const Args& args, Io io) {
+    const auto format = args.value("--format");
+    if (format != "json" && format != "po")
+        return usage("edt export", "нужен параметр --format json или po", io);
+    auto loaded = loadArgument(args, "edt export", io);
+    if (const int* status = std::get_if<int>(&loaded))
+        return *status;
+    const EdtFile& file = std::get<EdtFile>(loaded);
+    const std::string text = *format == "json" ? phrasesToJson(file) : phrasesToPo(file);
+    const std::string target =
+        args.value("-o").value_or(args.positional[0] + (*format == "json" ? ".json" : ".po"));
+    if (target == "-") {
+        io.out << text;
+        return kOk;
+    }
+    if (auto written = platform::writeFileAtomic(target, text); !written)
+        return report(written.error(), io);
+    io.out << target << "\n";
+    return kOk;
+}
+
+int runImport(const Args& args, Io io) {
+    if (args.positional.size() != 2)
+        return usage("edt import", "нужны файл .edt и файл с фразами (.json или .po)", io);
+    const auto kind = kindOf(args);
+    if (!kind)
+        return usage("edt import", kKindComplaint, io);
+    const std::filesystem::path from = args.positional[1];
+    const std::string extension = lowerExtension(from);
+    if (extension != ".json" && extension != ".po")
+        return usage("edt import", "формат узнаётся по расширению: .json или .po", io);
+    auto file = EdtFile::load(args.positional[0], *kind);
+    if (!file)
+        return report(file.error(), io);
+    const auto bytes = platform::readFile(from);
+    if (!bytes)
+        return report(bytes.error(), io);
+    const std::string_view text(reinterpret_cast<const char*>(bytes->data()), bytes->size());
+    auto phrases = extension == ".json" ? phrasesFromJson(text) : phrasesFromPo(text);
+    if (!phrases)
+        return report({ErrorKind::Invalid, from.string() + ": " + phrases.error().message}, io);
+    if (auto imported = importPhrases(*file, *phrases); !imported)
+        return report({ErrorKind::Invalid, from.string() + ": " + imported.error().message}, io);
+    if (!file->isChanged()) {
+        io.err << "parlex-cli: фразы не изменились, файл не записан\n";
+        return kOk;
+    }
+    std::vector<int> cut;
+    for (int i = 0; i <= file->lastPhrase(); ++i)
+        if (file->phraseBytes(i).size() > file->info().textLimit)
+            cut.push_back(i);
+    if (auto saved = file->save(); !saved)
+        return report(saved.error(), io);
+    for (int n : cut)
+        io.err << "parlex-cli: фраза " << n << " обрезана до " << file->info().textLimit
+               << " символов\n";
+    return kOk;
+}
+
 constexpr OptionSpec kShowOptions[] = {{"--kind", true}, {"--json", false}};
+constexpr OptionSpec kExportOptions[] = {{"--kind", true}, {"--format", true}, {"-o", true}};
+constexpr OptionSpec kImportOptions[] = {{"--kind", true}};
 constexpr OptionSpec kSetOptions[] = {{"--kind", true}, {"--phrase", true}, {"--text", true}};
 constexpr OptionSpec kNewOptions[] = {{"--kind", true}, {"--yes", false}};
 
@@ -165,6 +235,20 @@ constexpr Command kCommands[] = {
      "",
      {},
      runDecompile},
+    {"edt export", "edt export FILE.edt --kind KIND --format json|po [-o OUT]",
+     "фразы файла в JSON (формат модов открытого движка) или в каталог gettext (.po)",
+     "json: массив строк UTF-8, по одной на каждую фразу вида (\"\" для пустой).\n"
+     "po: запись на каждую непустую фразу: msgctxt - номер фразы (три цифры), msgid -\n"
+     "фраза, пустой msgstr; для фраз 0-10 диалогов НПЦ комментарий \"#.\" с ролью фразы.\n"
+     "OUT по умолчанию FILE.edt.json или FILE.edt.po; -o - пишет в stdout.",
+     kExportOptions, runExport},
+    {"edt import", "edt import FILE.edt --kind KIND FROM",
+     "фразы из FROM (.json или .po) в файл; пишет файл, только если фразы изменились",
+     "json: строка с номером i заменяет фразу i. po: каждый непустой msgstr без пометки\n"
+     "fuzzy заменяет фразу с номером из msgctxt.\n"
+     "Номер вне вида или символ вне Windows-1251: код 1, запись названа, файл не\n"
+     "изменяется. Фраза длиннее предела вида обрезается при сохранении (замечание в stderr).",
+     kImportOptions, runImport},
 };
 
 } // namespace

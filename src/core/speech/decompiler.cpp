@@ -71,6 +71,12 @@ std::vector<std::string> wrapText(std::string_view text, std::size_t width) {
     return lines;
 }
 
+std::string phraseRole(int n) {
+    if (n < 0 || n >= kFixedRoles)
+        return {};
+    return resourceString(kHeadString + n).value_or("");
+}
+
 std::string decompileText(const EdtFile& file) {
     const auto last = file.lastNonEmpty();
     int l = last.value_or(0);
@@ -84,7 +90,7 @@ std::string decompileText(const EdtFile& file) {
     for (int n = 0; n <= l; ++n) {
         if (n < kFixedRoles) {
             utf8 += "Фраза " + text::zeroPadded(static_cast<unsigned>(n), 3) + ". " +
-                    resourceString(kHeadString + n).value_or("") + "\r\n";
+                    phraseRole(n) + "\r\n";
             if (n < static_cast<int>(kFiring.size()))
                 utf8 += std::string(kFiring[n]) + "\r\n";
         } else {

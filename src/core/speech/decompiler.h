@@ -19,6 +19,10 @@ inline constexpr std::size_t kWrapWidth = 64;
 // than a line is split. Lines carry no leading or trailing blanks.
 std::vector<std::string> wrapText(std::string_view text, std::size_t width = kWrapWidth);
 
+// The role of phrase `n` in a dialogue of NPC dialogues ("Приветствие..." and the like,
+// the head of its block in the decompiled text); empty from phrase 11 on.
+std::string phraseRole(int n);
+
 // The decompiled dialogue as Windows-1251 bytes with CR LF line ends: a block per
 // phrase from 0 to L (at least 11; 142 when no phrase or only phrase 0 is filled),
 // each with its first three wrapped lines and a line of 80 stars.

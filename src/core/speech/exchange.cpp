@@ -1,0 +1,408 @@
+#include "speech/exchange.h"
+
+#include "speech/decompiler.h"
+#include "speech/edtfile.h"
+#include "text/lines.h"
+#include "text/numbers.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace parlex {
+namespace {
+
+// ------------------------------------------------------------------ JSON
+
+std::string jsonEscaped(std::string_view utf8) {
+    std::string out = "\"";
+    for (unsigned char c : utf8) {
+        switch (c) {
+        case '"':
+            out += "\\\"";
+            break;
+        case '\\':
+            out += "\\\\";
+            break;
+        case '\n':
+            out += "\\n";
+            break;
+        case '\r':
+            out += "\\r";
+            break;
+        case '\t':
+            out += "\\t";
+            break;
+        default:
+            if (c < 0x20) {
+                static constexpr char digits[] = "0123456789abcdef";
+                out += "\\u00";
+                out += digits[c >> 4];
+                out += digits[c & 0xF];
+            } else {
+                out += static_cast<char>(c);
+            }
+        }
+    }
+    return out + "\"";
+}
+
+void appendUtf8(std::string& out, std::uint32_t cp) {
+    if (cp < 0x80) {
+        out += static_cast<char>(cp);
+    } else if (cp < 0x800) {
+        out += static_cast<char>(0xC0 | (cp >> 6));
+        out += static_cast<char>(0x80 | (cp & 0x3F));
+    } else if (cp < 0x10000) {
+        out += static_cast<char>(0xE0 | (cp >> 12));
+        out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (cp & 0x3F));
+    } else {
+        out += static_cast<char>(0xF0 | (cp >> 18));
+        out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
+        out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (cp & 0x3F));
+    }
+}
+
+// A reader of the one JSON shape the engine uses: an array of strings.
+class JsonArrayReader {
+public:
+    explicit JsonArrayReader(std::string_view text) : s_(text) {}
+
+    Result<std::vector<PhraseText>> read() {
+        std::vector<PhraseText> out;
+        skipBlanks();
+        if (!take('['))
+            return refuse("ожидался массив строк \"[\"");
+        skipBlanks();
+        if (take(']'))
+            return finish(out);
+        while (true) {
+            skipBlanks();
+            auto text = string();
+            if (!text)
+                return std::unexpected(text.error());
+            out.push_back({static_cast<int>(out.size()), std::move(*text)});
+            skipBlanks();
+            if (take(']'))
+                return finish(out);
+            if (!take(','))
+                return refuse("ожидалась \",\" или \"]\"");
+        }
+    }
+
+private:
+    Result<std::vector<PhraseText>> finish(std::vector<PhraseText>& out) {
+        skipBlanks();
+        if (pos_ != s_.size())
+            return refuse("лишний текст после массива");
+        return std::move(out);
+    }
+
+    Result<std::string> string() {
+        if (!take('"'))
+            return refuse("ожидалась строка");
+        std::string out;
+        while (pos_ < s_.size()) {
+            const char c = s_[pos_++];
+            if (c == '"')
+                return out;
+            if (static_cast<unsigned char>(c) < 0x20)
+                return refuse("управляющий символ внутри строки");
+            if (c != '\\') {
+                out += c;
+                continue;
+            }
+            if (pos_ == s_.size())
+                break;
+            const char e = s_[pos_++];
+            switch (e) {
+            case '"':
+                out += '"';
+                break;
+            case '\\':
+                out += '\\';
+                break;
+            case '/':
+                out += '/';
+                break;
+            case 'b':
+                out += '\b';
+                break;
+            case 'f':
+                out += '\f';
+                break;
+            case 'n':
+                out += '\n';
+                break;
+            case 'r':
+                out += '\r';
+                break;
+            case 't':
+                out += '\t';
+                break;
+            case 'u': {
+                auto cp = hex4();
+                if (!cp)
+                    return std::unexpected(cp.error());
+                if (*cp >= 0xD800 && *cp < 0xDC00) { // a surrogate pair
+                    if (!take('\\') || !take('u'))
+                        return refuse("неполная суррогатная пара");
+                    auto low = hex4();
+                    if (!low || *low < 0xDC00 || *low > 0xDFFF)
+                        return refuse("неполная суррогатная пара");
+                    *cp = 0x10000 + ((*cp - 0xD800) << 10) + (*low - 0xDC00);
+                }
+                appendUtf8(out, *cp);
+                break;
+            }
+            default:
+                return refuse("неизвестная escape-последовательность");
+            }
+        }
+        return refuse("строка не закрыта");
+    }
+
+    Result<std::uint32_t> hex4() {
+        if (pos_ + 4 > s_.size())
+            return refuse("неполная последовательность \\u");
+        std::uint32_t v = 0;
+        const auto [end, ec] = std::from_chars(s_.data() + pos_, s_.data() + pos_ + 4, v, 16);
+        if (ec != std::errc() || end != s_.data() + pos_ + 4)
+            return refuse("неверная последовательность \\u");
+        pos_ += 4;
+        return v;
+    }
+
+    void skipBlanks() {
+        while (pos_ < s_.size() &&
+               (s_[pos_] == ' ' || s_[pos_] == '\n' || s_[pos_] == '\r' || s_[pos_] == '\t'))
+            ++pos_;
+    }
+    bool take(char c) {
+        if (pos_ < s_.size() && s_[pos_] == c) {
+            ++pos_;
+            return true;
+        }
+        return false;
+    }
+    std::unexpected<Error> refuse(const std::string& what) const {
+        const auto line = 1 + std::count(s_.begin(), s_.begin() + static_cast<long>(pos_), '\n');
+        return std::unexpected(
+            Error{ErrorKind::Invalid, "JSON, строка " + std::to_string(line) + ": " + what});
+    }
+
+    std::string_view s_;
+    std::size_t pos_ = 0;
+};
+
+// ------------------------------------------------------------------ gettext
+
+std::string poEscaped(std::string_view utf8) {
+    std::string out = "\"";
+    for (char c : utf8) {
+        switch (c) {
+        case '"':
+            out += "\\\"";
+            break;
+        case '\\':
+            out += "\\\\";
+            break;
+        case '\n':
+            out += "\\n";
+            break;
+        case '\r':
+            out += "\\r";
+            break;
+        case '\t':
+            out += "\\t";
+            break;
+        default:
+            out += c;
+        }
+    }
+    return out + "\"";
+}
+
+// The text of a quoted PO string (without its quotes), escapes undone.
+std::optional<std::string> poUnquoted(std::string_view quoted) {
+    if (quoted.size() < 2 || quoted.front() != '"' || quoted.back() != '"')
+        return std::nullopt;
+    std::string out;
+    for (std::size_t i = 1; i + 1 < quoted.size(); ++i) {
+        if (quoted[i] != '\\') {
+            out += quoted[i];
+            continue;
+        }
+        if (++i + 1 > quoted.size() - 1)
+            return std::nullopt;
+        switch (quoted[i]) {
+        case 'n':
+            out += '\n';
+            break;
+        case 'r':
+            out += '\r';
+            break;
+        case 't':
+            out += '\t';
+            break;
+        case '"':
+            out += '"';
+            break;
+        case '\\':
+            out += '\\';
+            break;
+        default:
+            return std::nullopt;
+        }
+    }
+    return out;
+}
+
+std::string_view trimmed(std::string_view s) {
+    while (!s.empty() && (s.front() == ' ' || s.front() == '\t'))
+        s.remove_prefix(1);
+    while (!s.empty() && (s.back() == ' ' || s.back() == '\t'))
+        s.remove_suffix(1);
+    return s;
+}
+
+} // namespace
+
+std::string phrasesToJson(const EdtFile& file) {
+    std::string out = "[\n";
+    for (int i = 0; i <= file.lastPhrase(); ++i)
+        out += "  " + jsonEscaped(file.phrase(i)) + (i < file.lastPhrase() ? ",\n" : "\n");
+    return out + "]\n";
+}
+
+Result<std::vector<PhraseText>> phrasesFromJson(std::string_view json) {
+    if (json.starts_with("\xEF\xBB\xBF"))
+        json.remove_prefix(3);
+    return JsonArrayReader(json).read();
+}
+
+std::string phrasesToPo(const EdtFile& file) {
+    // The header of a catalogue not yet translated: the fields a translation tool
+    // fills in stand as gettext's own templates have them.
+    std::string out = "msgid \"\"\nmsgstr \"\"\n"
+                      "\"Project-Id-Version: " +
+                      file.title() +
+                      "\\n\"\n"
+                      "\"PO-Revision-Date: YEAR-MO-DA HO:MI+ZONE\\n\"\n"
+                      "\"Last-Translator: FULL NAME <EMAIL@ADDRESS>\\n\"\n"
+                      "\"Language-Team: LANGUAGE <LL@li.org>\\n\"\n"
+                      "\"Language: \\n\"\n"
+                      "\"MIME-Version: 1.0\\n\"\n"
+                      "\"Content-Type: text/plain; charset=UTF-8\\n\"\n"
+                      "\"Content-Transfer-Encoding: 8bit\\n\"\n"
+                      "\"X-Generator: parlex-cli\\n\"\n";
+    for (int i = 0; i <= file.lastPhrase(); ++i) {
+        if (file.phraseBytes(i).empty())
+            continue;
+        out += "\n";
+        if (file.kind() == EdtKind::NpcDialogues)
+            if (const auto role = phraseRole(i); !role.empty())
+                out += "#. " + role + "\n";
+        out += "msgctxt \"" + text::zeroPadded(static_cast<unsigned>(i), 3) + "\"\n";
+        out += "msgid " + poEscaped(file.phrase(i)) + "\n";
+        out += "msgstr \"\"\n";
+    }
+    return out;
+}
+
+Result<std::vector<PhraseText>> phrasesFromPo(std::string_view po) {
+    struct Entry {
+        std::string context, id, str;
+        bool fuzzy = false;
+        int line = 0;
+    };
+    std::vector<PhraseText> out;
+    Entry entry;
+    std::string* open = nullptr; // the string that continuation lines add to
+    int lineNumber = 0;
+    const auto refuse = [](int line, const std::string& what) {
+        return std::unexpected(
+            Error{ErrorKind::Invalid, "PO, строка " + std::to_string(line) + ": " + what});
+    };
+    const auto finish = [&]() -> std::optional<Error> {
+        if (!entry.str.empty() && !entry.fuzzy && !entry.id.empty()) {
+            int number = -1;
+            const auto [end, ec] = std::from_chars(
+                entry.context.data(), entry.context.data() + entry.context.size(), number);
+            if (ec != std::errc() || end != entry.context.data() + entry.context.size())
+                return Error{ErrorKind::Invalid,
+                             "PO, строка " + std::to_string(entry.line) +
+                                 ": msgctxt должен быть номером фразы, а не \"" + entry.context +
+                                 "\""};
+            out.push_back({number, entry.str});
+        }
+        entry = {};
+        open = nullptr;
+        return std::nullopt;
+    };
+    for (std::string_view raw : text::splitLines(po)) {
+        ++lineNumber;
+        const std::string_view line = trimmed(raw);
+        if (line.empty()) {
+            if (auto error = finish())
+                return std::unexpected(*error);
+            continue;
+        }
+        if (line.starts_with("#,")) {
+            entry.fuzzy = entry.fuzzy || line.find("fuzzy") != std::string_view::npos;
+            continue;
+        }
+        if (line.starts_with("#"))
+            continue;
+        if (line.starts_with("\"")) {
+            const auto more = poUnquoted(line);
+            if (!open || !more)
+                return refuse(lineNumber, "строка вне записи или без кавычек");
+            *open += *more;
+            continue;
+        }
+        const auto blank = line.find(' ');
+        const std::string_view keyword = line.substr(0, blank);
+        const auto value =
+            poUnquoted(blank == std::string_view::npos ? "" : trimmed(line.substr(blank)));
+        if (!value)
+            return refuse(lineNumber, "ожидалась строка в кавычках");
+        if ((keyword == "msgctxt" || (keyword == "msgid" && entry.context.empty())) &&
+            !entry.str.empty()) {
+            if (auto error = finish()) // an entry without a blank line before the next
+                return std::unexpected(*error);
+        }
+        if (keyword == "msgctxt") {
+            entry.context = *value, open = &entry.context, entry.line = lineNumber;
+        } else if (keyword == "msgid") {
+            entry.id = *value, open = &entry.id;
+            if (!entry.line)
+                entry.line = lineNumber;
+        } else if (keyword == "msgstr") {
+            entry.str = *value, open = &entry.str;
+        } else {
+            return refuse(lineNumber, "неизвестное слово " + std::string(keyword));
+        }
+    }
+    if (auto error = finish())
+        return std::unexpected(*error);
+    return out;
+}
+
+Result<void> importPhrases(EdtFile& file, const std::vector<PhraseText>& phrases) {
+    EdtFile changed = file;
+    for (const auto& [number, text] : phrases) {
+        if (number < 0 || number > file.lastPhrase())
+            return fail(ErrorKind::Invalid, "фраза " + std::to_string(number) +
+                                                ": такой фразы нет (фразы с 0 по " +
+                                                std::to_string(file.lastPhrase()) + ")");
+        if (auto set = changed.setPhrase(number, text); !set)
+            return fail(ErrorKind::Invalid,
+                        "фраза " + std::to_string(number) + ": " + set.error().message);
+    }
+    file = std::move(changed);
+    return {};
+}
+
+} // namespace parlex
