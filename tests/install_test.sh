@@ -35,7 +35,7 @@ xmllint "$prefix/share/icons/hicolor/scalable/apps/org.parlex.Parlex.svg" || fai
 
 "$prefix/bin/parlex-cli" --version | grep -qx 'parlex-cli [0-9.]*' || fail "--version"
 zcat "$prefix/share/man/man1/parlex-cli.1.gz" | grep -q '^\.SH NAME' || fail "man page has no NAME"
-zcat "$prefix/share/man/man1/parlex-cli.1.gz" | grep -q 'explain FILE.npc' ||
+zcat "$prefix/share/man/man1/parlex-cli.1.gz" | grep -q 'explain PATH' ||
     fail "man page lacks the commands"
 
 # The completion offers every command the overview lists.

@@ -4,7 +4,9 @@
 #include "common/error.h"
 
 #include <filesystem>
+#include <functional>
 #include <iosfwd>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -36,6 +38,21 @@ int report(const Error& error, Io io);
 // The folder of the list files: --lists DIR, else where the program keeps them
 // (beside it when its folder is writable, else in the user's data folder).
 std::filesystem::path listsFolder(const Args& args);
+
+// What a command says about one script: its output (lines ending in "\n"; with
+// --json one object on one line), or why the script cannot be read.
+using ScriptOutput = std::function<Result<std::string>(const std::filesystem::path&)>;
+
+// Runs `one` for every script the words name (files, and folders with every *.npc
+// below them). One file prints as it stands. Several print one after the other,
+// each headed "==> FILE <==" in text, or as JSON Lines with a "file" key added in
+// front of each object. A script that cannot be read is told on stderr and the
+// run goes on; the exit status is then 1.
+int forEachScript(const Args& args, std::string_view command, const ScriptOutput& one, Io io);
+
+// A number written in decimal or in hex ("0x1F", as the grid shows bytes) within
+// [min, max]; nothing for anything else.
+std::optional<long long> parseValue(std::string_view text, long long min, long long max);
 
 // Prints a usage complaint and returns kUsage.
 int usage(std::string_view command, std::string_view complaint, Io io);

@@ -14,86 +14,94 @@
 namespace parlex::cli {
 namespace {
 
-void printText(const NpcRecord* record, int position, const ExplainContext& context, Io io) {
-    io.out << "Запись " << text::zeroPadded(static_cast<unsigned>(position), 2) << ": "
-           << (record ? text::hexBytes(*record) : std::string("(нет записи)")) << "\n";
+void appendText(std::string& out, const NpcRecord* record, int position,
+                const ExplainContext& context) {
+    out += "Запись " + text::zeroPadded(static_cast<unsigned>(position), 2) + ": " +
+           (record ? text::hexBytes(*record) : std::string("(нет записи)")) + "\n";
     for (const auto& field : fieldTable()) {
         const Explanation e = explain(record, field.index, context);
         std::string label = fieldStart(field.index).label; // " (01-02 as Word)"
-        label = label.substr(2, label.size() - 3);
-        io.out << (e.alert ? "  ! " : "    ") << label;
+        out += (e.alert ? "  ! " : "    ") + label.substr(2, label.size() - 3);
         if (record)
-            io.out << " [" << fieldHex(*record, field.index) << "]";
-        io.out << ": " << e.text;
+            out += " [" + fieldHex(*record, field.index) + "]";
+        out += ": " + e.text;
         if (!e.remark.empty())
-            io.out << "**" << e.remark << "**";
-        io.out << "\n";
+            out += "**" + e.remark + "**";
+        out += "\n";
     }
 }
 
-void printJson(const NpcRecord* record, int position, const ExplainContext& context, Io io) {
-    io.out << "{\"record\":" << position
-           << ",\"hex\":" << jsonString(record ? text::hexBytes(*record, "") : std::string())
-           << ",\"fields\":[";
+void appendJson(std::string& out, const NpcRecord* record, int position,
+                const ExplainContext& context) {
+    out += "{\"record\":" + std::to_string(position) +
+           ",\"hex\":" + jsonString(record ? text::hexBytes(*record, "") : std::string()) +
+           ",\"fields\":[";
     bool first = true;
     for (const auto& field : fieldTable()) {
         const Explanation e = explain(record, field.index, context);
         const std::uint32_t value =
             record && !isEmptyRecord(*record) ? fieldValue(*record, field.index) : 0;
-        io.out << (first ? "" : ",") << "{\"field\":" << field.index
-               << ",\"label\":" << jsonString(fieldStart(field.index).label)
-               << ",\"value\":" << value << ",\"text\":" << jsonString(e.text)
-               << ",\"alert\":" << (e.alert ? "true" : "false")
-               << ",\"remark\":" << jsonString(e.remark) << "}";
+        out += first ? "{\"field\":" : ",{\"field\":";
+        out += std::to_string(field.index) +
+               ",\"label\":" + jsonString(fieldStart(field.index).label) +
+               ",\"value\":" + std::to_string(value) + ",\"text\":" + jsonString(e.text) +
+               ",\"alert\":" + (e.alert ? "true" : "false") +
+               ",\"remark\":" + jsonString(e.remark) + "}";
         first = false;
     }
-    io.out << "]}";
+    out += "]}";
 }
 
 int runExplain(const Args& args, Io io) {
-    if (args.positional.size() != 1)
-        return usage("explain", "нужен ровно один файл .npc", io);
     std::optional<long long> only;
     if (auto text = args.value("--record")) {
         only = parseNumber(*text, 1, 50);
         if (!only)
             return usage("explain", "номер записи должен быть от 1 до 50", io);
     }
-    auto file = NpcFile::load(args.positional[0]);
-    if (!file)
-        return report(file.error(), io);
-    const CodeLists lists(listsFolder(args));
-    const ExplainContext context{file->type(), &lists, false, 0};
+    const CodeLists lists(listsFolder(args), false);
     const bool json = args.has("--json");
-    const int from = only ? static_cast<int>(*only) : 1;
-    const int to = only ? static_cast<int>(*only) : static_cast<int>(file->recordCount());
-    if (json)
-        io.out << "{\"type\":" << jsonString(typeTag(file->type())) << ",\"records\":[";
-    for (int position = from; position <= to; ++position) {
-        const NpcRecord* record = file->recordAt(position);
-        if (json) {
-            io.out << (position == from ? "" : ",");
-            printJson(record, position, context, io);
-        } else {
-            io.out << (position == from ? "" : "\n");
-            printText(record, position, context, io);
-        }
-    }
-    if (json)
-        io.out << "]}\n";
-    return kOk;
+    return forEachScript(
+        args, "explain",
+        [&](const std::filesystem::path& path) -> Result<std::string> {
+            auto file = NpcFile::load(path);
+            if (!file)
+                return std::unexpected(file.error());
+            const ExplainContext context{file->type(), &lists, false, 0};
+            const int from = only ? static_cast<int>(*only) : 1;
+            const int to = only ? static_cast<int>(*only) : static_cast<int>(file->recordCount());
+            std::string out;
+            if (json)
+                out += "{\"type\":" + jsonString(typeTag(file->type())) + ",\"records\":[";
+            for (int position = from; position <= to; ++position) {
+                const NpcRecord* record = file->recordAt(position);
+                if (json) {
+                    out += position == from ? "" : ",";
+                    appendJson(out, record, position, context);
+                } else {
+                    out += position == from ? "" : "\n";
+                    appendText(out, record, position, context);
+                }
+            }
+            if (json)
+                out += "]}\n";
+            return out;
+        },
+        io);
 }
 
 constexpr OptionSpec kOptions[] = {{"--record", true}, {"--lists", true}, {"--json", false}};
 
 constexpr Command kCommands[] = {
-    {"explain", "explain FILE.npc [--record N] [--lists DIR] [--json]",
+    {"explain", "explain PATH... [--record N] [--lists DIR] [--json]",
      "каждое поле каждой записи словами, как их объясняет окно программы",
      "Без --record: все записи файла (50 для \"ub\", 49 для \"ja\"); --record N: позиция 1-50\n"
      "(позиция 50 файла \"ja\" не содержит записи). В тексте \"!\" в начале строки отмечает\n"
      "ошибочное значение (в окне - тёмно-красный цвет), **...** - замечание после фразы.\n"
      "--json: {\"type\":..., \"records\":[{\"record\":1, \"hex\":..., \"fields\":[{\"field\":0,\n"
-     "\"label\":..., \"value\":..., \"text\":..., \"alert\":..., \"remark\":...}, ...]}]}",
+     "\"label\":..., \"value\":..., \"text\":..., \"alert\":..., \"remark\":...}, ...]}]}\n"
+     "PATH: файл .npc или папка (все *.npc внутри). Несколько файлов: каждый под строкой\n"
+     "\"==> ФАЙЛ <==\", а с --json по строке JSON на файл с ключом \"file\".",
      kOptions, runExplain},
 };
 

@@ -71,12 +71,12 @@ int runFind(const Args& args, Io io) {
         const auto key = parseListKey(args.value("--list").value_or(""));
         if (!key)
             return usage("find", "--list: ключ списка N, T, I, Qi, Qo, A или R", io);
-        const auto code = parseNumber(args.value("--code").value_or(""), 0, 65535);
+        const auto code = parseValue(args.value("--code").value_or(""), 0, 65535);
         if (!code)
             return usage("find", "--code: число от 0 до 65535", io);
         found = mod::findCode(scripts, *key, static_cast<std::uint32_t>(*code), lists);
     } else {
-        const auto phrase = parseNumber(*args.value("--phrase"), 0, 255);
+        const auto phrase = parseValue(*args.value("--phrase"), 0, 255);
         if (!phrase)
             return usage("find", "--phrase: число от 0 до 255", io);
         found = mod::findPhrase(scripts, static_cast<int>(*phrase), lists);

@@ -24,48 +24,67 @@ std::optional<int> fieldByName(const std::string& given) {
 }
 
 int runInfo(const Args& args, Io io) {
-    if (args.positional.size() != 1)
-        return usage("info", "нужен ровно один файл .npc", io);
-    auto file = NpcFile::load(args.positional[0]);
-    if (!file)
-        return report(file.error(), io);
-    if (args.has("--json")) {
-        io.out << "{\"type\":" << jsonString(typeTag(file->type()))
-               << ",\"typeText\":" << jsonString(typeText(file->type()))
-               << ",\"records\":" << file->recordCount()
-               << ",\"nonEmpty\":" << file->nonEmptyCount() << "}\n";
-    } else {
-        io.out << file->summary() << "\n";
-    }
-    return kOk;
+    const bool json = args.has("--json");
+    return forEachScript(
+        args, "info",
+        [json](const std::filesystem::path& path) -> Result<std::string> {
+            auto file = NpcFile::load(path);
+            if (!file)
+                return std::unexpected(file.error());
+            if (!json)
+                return file->summary() + "\n";
+            return "{\"type\":" + jsonString(typeTag(file->type())) +
+                   ",\"typeText\":" + jsonString(typeText(file->type())) +
+                   ",\"records\":" + std::to_string(file->recordCount()) +
+                   ",\"nonEmpty\":" + std::to_string(file->nonEmptyCount()) + "}\n";
+        },
+        io);
 }
 
 int runDump(const Args& args, Io io) {
-    if (args.positional.size() != 1)
-        return usage("dump", "нужен ровно один файл .npc", io);
-    auto file = NpcFile::load(args.positional[0]);
-    if (!file)
-        return report(file.error(), io);
-    for (std::size_t i = 0; i < file->recordCount(); ++i)
-        io.out << text::zeroPadded(static_cast<unsigned>(i + 1), 2) << ": "
-               << text::hexBytes(file->record(i)) << "\n";
-    return kOk;
+    return forEachScript(
+        args, "dump",
+        [](const std::filesystem::path& path) -> Result<std::string> {
+            auto file = NpcFile::load(path);
+            if (!file)
+                return std::unexpected(file.error());
+            std::string out;
+            for (std::size_t i = 0; i < file->recordCount(); ++i)
+                out += text::zeroPadded(static_cast<unsigned>(i + 1), 2) + ": " +
+                       text::hexBytes(file->record(i)) + "\n";
+            return out;
+        },
+        io);
+}
+
+// The field of "--byte B": byte B (1-32, as the status bar counts) belongs to it;
+// bytes 29-32 are set one by one.
+std::optional<int> fieldOfByte(const std::string& given) {
+    const auto byte = parseNumber(given, 1, static_cast<long long>(kRecordSize));
+    if (!byte)
+        return std::nullopt;
+    const int index = static_cast<int>(*byte) - 1;
+    return editableFieldWidth(index) ? index : fieldAt(index).index;
 }
 
 int runSet(const Args& args, Io io) {
     if (args.positional.size() != 1)
         return usage("set", "нужен ровно один файл .npc", io);
-    for (const char* name : {"--record", "--field", "--value"})
+    for (const char* name : {"--record", "--value"})
         if (!args.has(name))
             return usage("set", std::string("не задан параметр ") + name, io);
+    if (args.has("--field") == args.has("--byte"))
+        return usage("set", "нужен либо --field F, либо --byte B", io);
     const auto record = parseNumber(*args.value("--record"), 1, kPositions);
-    const auto field = fieldByName(*args.value("--field"));
-    const auto value = parseNumber(*args.value("--value"), 0, 4294967295LL);
+    const std::string place = args.value("--field").value_or(args.value("--byte").value_or(""));
+    const auto field = args.has("--field") ? fieldByName(place) : fieldOfByte(place);
+    const auto value = parseValue(*args.value("--value"), 0, 4294967295LL);
     if (!field || !editableFieldWidth(*field))
-        return report({ErrorKind::Invalid, fieldRefusal("\"" + *args.value("--field") + "\"")}, io);
+        return report({ErrorKind::Invalid, fieldRefusal("\"" + place + "\"")}, io);
     if (!value)
         return report({ErrorKind::Invalid, "Значение \"" + *args.value("--value") +
-                                               "\" не является целым неотрицательным числом."},
+                                               "\" не является целым неотрицательным числом "
+                                               "(десятичным или 0x...)."},
                       io);
     auto file = NpcFile::load(args.positional[0]);
     if (!file)
@@ -130,22 +149,27 @@ int runConvert(const Args& args, Io io) {
 }
 
 constexpr OptionSpec kJson[] = {{"--json", false}};
-constexpr OptionSpec kSetOptions[] = {{"--record", true}, {"--field", true}, {"--value", true}};
+constexpr OptionSpec kSetOptions[] = {
+    {"--record", true}, {"--field", true}, {"--byte", true}, {"--value", true}};
 constexpr OptionSpec kConvertOptions[] = {{"--to", true}, {"--out", true}};
 
 constexpr Command kCommands[] = {
-    {"info", "info FILE.npc [--json]", "тип файла и число непустых записей", "", kJson, runInfo},
+    {"info", "info PATH... [--json]", "тип файла и число непустых записей",
+     "PATH: файл .npc или папка (все *.npc внутри). Несколько файлов: каждый под строкой\n"
+     "\"==> ФАЙЛ <==\", а с --json по строке JSON на файл с ключом \"file\".",
+     kJson, runInfo},
     {"dump",
-     "dump FILE.npc",
+     "dump PATH...",
      "все записи файла: номер и 32 байта в шестнадцатеричном виде",
-     "",
+     "PATH: файл .npc или папка; несколько файлов - каждый под строкой \"==> ФАЙЛ <==\".",
      {},
      runDump},
-    {"set", "set FILE.npc --record N --field F --value V",
+    {"set", "set FILE.npc --record N (--field F | --byte B) --value V",
      "записывает одно поле записи и сохраняет файл в его формате",
      "N: номер записи с 1. F: поле 0, 2, 4, 6, 20, 22, 24, 26 (Word, 0-65535)\n"
      "или 8-19, 28, 29, 30, 31 (Byte, 0-255), либо имя поля (PhraseFirst, MoveTo...).\n"
-     "V: десятичное число.\n"
+     "B: номер байта 1-32, как в строке состояния окна (любой байт поля).\n"
+     "V: десятичное число или шестнадцатеричное с 0x (0x1F).\n"
      "Недопустимое значение, поле или запись: код 1, файл не изменяется.",
      kSetOptions, runSet},
     {"convert", "convert SRC.npc DST.npc | convert --to ub|ja PATH... [--out DIR]",

@@ -1,7 +1,10 @@
 #include "cli/commands.h"
+#include "cli/json.h"
+#include "mod/scripts.h"
 #include "platform/files.h"
 #include "settings/locations.h"
 
+#include <charconv>
 #include <ostream>
 
 namespace parlex::cli {
@@ -15,6 +18,44 @@ std::filesystem::path listsFolder(const Args& args) {
 int report(const Error& error, Io io) {
     io.err << "parlex-cli: " << error.message << "\n";
     return kFailed;
+}
+
+int forEachScript(const Args& args, std::string_view command, const ScriptOutput& one, Io io) {
+    if (args.positional.empty())
+        return usage(command, "нужен хотя бы один файл .npc или папка", io);
+    const std::vector<std::filesystem::path> named(args.positional.begin(), args.positional.end());
+    const auto scripts = mod::collectScripts(named);
+    const bool several = scripts.size() > 1 || std::filesystem::is_directory(named.front());
+    const bool json = args.has("--json");
+    int status = kOk;
+    bool first = true;
+    for (const auto& script : scripts) {
+        auto output = one(script);
+        if (!output) {
+            report(output.error(), io);
+            status = kFailed;
+            continue;
+        }
+        if (several && json && output->starts_with("{"))
+            output->insert(1, "\"file\":" + jsonString(script.string()) + ",");
+        else if (several && !json)
+            io.out << (first ? "" : "\n") << "==> " << script.string() << " <==\n";
+        io.out << *output;
+        first = false;
+    }
+    return status;
+}
+
+std::optional<long long> parseValue(std::string_view text, long long min, long long max) {
+    if (!text.starts_with("0x") && !text.starts_with("0X"))
+        return parseNumber(text, min, max);
+    text.remove_prefix(2);
+    long long value = 0;
+    const auto* end = text.data() + text.size();
+    const auto [ptr, ec] = std::from_chars(text.data(), end, value, 16);
+    if (text.empty() || ec != std::errc() || ptr != end || value < min || value > max)
+        return std::nullopt;
+    return value;
 }
 
 int usage(std::string_view command, std::string_view complaint, Io io) {

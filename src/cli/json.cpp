@@ -3,8 +3,17 @@
 namespace parlex::cli {
 
 std::string jsonString(std::string_view s) {
-    std::string out = "\"";
-    for (unsigned char c : s) {
+    std::string out;
+    out.reserve(s.size() + 2);
+    out += '"';
+    // Runs of characters that need no escape are appended whole.
+    std::size_t run = 0;
+    for (std::size_t i = 0; i < s.size(); ++i) {
+        const auto c = static_cast<unsigned char>(s[i]);
+        if (c >= 0x20 && c != '"' && c != '\\')
+            continue;
+        out.append(s.substr(run, i - run));
+        run = i + 1;
         switch (c) {
         case '"':
             out += "\\\"";
@@ -21,18 +30,16 @@ std::string jsonString(std::string_view s) {
         case '\t':
             out += "\\t";
             break;
-        default:
-            if (c < 0x20) {
-                static constexpr char digits[] = "0123456789abcdef";
-                out += "\\u00";
-                out += digits[c >> 4];
-                out += digits[c & 0xF];
-            } else {
-                out += static_cast<char>(c);
-            }
+        default: {
+            static constexpr char digits[] = "0123456789abcdef";
+            out += "\\u00";
+            out += digits[c >> 4];
+            out += digits[c & 0xF];
+        }
         }
     }
-    return out + "\"";
+    out.append(s.substr(run));
+    return out + '"';
 }
 
 } // namespace parlex::cli

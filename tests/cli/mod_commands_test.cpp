@@ -113,3 +113,70 @@ TEST_F(CliMod, ConvertManyNamesWhatItSkips) {
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(CliMod, SetTakesTheByteAsTheStatusBarCountsAndHexValues) {
+    struct Case {
+        std::vector<std::string> place; // --field F or --byte B
+        std::string value;
+        int status;
+        std::vector<std::pair<int, std::uint8_t>> bytes; // of record 2 afterwards
+    };
+    const Case cases[] = {
+        {{"--byte", "14"}, "0x1F", 0, {{13, 0x1F}}},
+        {{"--byte", "4"}, "0x0102", 0, {{2, 0x02}, {3, 0x01}}},
+        {{"--byte", "3"}, "258", 0, {{2, 0x02}, {3, 0x01}}},
+        {{"--byte", "31"}, "0XAB", 0, {{30, 0xAB}, {28, 0x00}}},
+        {{"--field", "PhraseFirst"}, "0x0a", 0, {{13, 0x0A}}},
+        {{"--byte", "33"}, "1", 1, {}},
+        {{"--byte", "14"}, "0x", 1, {}},
+        {{"--byte", "14"}, "0x100", 1, {}},
+        {{"--byte", "14", "--field", "13"}, "1", 2, {}},
+    };
+    for (const auto& c : cases) {
+        const auto file = put("s.npc", script({2}));
+        std::vector<std::string> args{"set", file, "--record", "2", "--value", c.value};
+        args.insert(args.end(), c.place.begin(), c.place.end());
+        const auto run = cli(args);
+        EXPECT_EQ(run.status, c.status) << testing::PrintToString(args) << run.err;
+        auto expected = script({2});
+        for (auto [index, value] : c.bytes)
+            expected[static_cast<std::size_t>(32 + index)] = value;
+        EXPECT_EQ(testutil::readBytes(file), expected) << testing::PrintToString(args);
+    }
+}
+
+TEST_F(CliMod, InfoDumpAndExplainTakeManyFilesAndFolders) {
+    const auto a = put("m/a.npc", script({1}));
+    const auto b = put("m/b.npc", testutil::jaBytes());
+    const auto bad = put("m/c.npc", {1});
+    auto run = cli({"info", (dir / "m").string()});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "==> " + a +
+                           " <==\nТип файла:\nJA2-англ. JA2UB-любая версия\nЗаписей: 1\n\n" +
+                           "==> " + b + " <==\nТип файла:\nАгония Власти\nЗаписей: 49\n");
+    EXPECT_TRUE(run.err.starts_with("parlex-cli: Размер файла " + bad)) << run.err;
+
+    run = cli({"info", "--json", a, b});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, "{\"file\":\"" + a +
+                           "\",\"type\":\"ub\",\"typeText\":\"JA2-англ. JA2UB-любая версия\","
+                           "\"records\":50,\"nonEmpty\":1}\n{\"file\":\"" +
+                           b +
+                           "\",\"type\":\"ja\",\"typeText\":\"Агония Власти\",\"records\":49,"
+                           "\"nonEmpty\":49}\n");
+    run = cli({"info", "--json", a});
+    EXPECT_TRUE(run.out.starts_with("{\"type\":\"ub\"")) << "one file prints as it always did";
+
+    run = cli({"explain", "--json", "--record", "1", a, b, "--lists", lists()});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(std::ranges::count(run.out, '\n'), 2);
+    EXPECT_TRUE(run.out.starts_with("{\"file\":\"" + a + "\",\"type\":\"ub\",\"records\":[{"))
+        << run.out;
+
+    run = cli({"dump", a, b});
+    EXPECT_EQ(std::ranges::count(run.out, '\n'), 2 + 50 + 1 + 49);
+}
+
+} // namespace
