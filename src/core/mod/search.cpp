@@ -36,8 +36,9 @@ std::vector<Finding> search(std::span<const fs::path> scripts, const CodeLists& 
 
 Finding match(const fs::path& file, int position, const NpcRecord& record, const FieldInfo& field,
               const ExplainContext& context) {
+    const Explanation e = explain(&record, field.index, context);
     return {file, position, field.index, Severity::Match,
-            std::string(field.name) + ": " + explain(&record, field.index, context).text};
+            std::string(field.name) + ": " + e.text + e.remark};
 }
 
 } // namespace
