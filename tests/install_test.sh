@@ -33,10 +33,11 @@ xmllint() { python3 -c 'import sys, xml.dom.minidom; xml.dom.minidom.parse(sys.a
 xmllint "$prefix/share/mime/packages/org.parlex.Parlex.xml" || fail "MIME package is no XML"
 xmllint "$prefix/share/icons/hicolor/scalable/apps/org.parlex.Parlex.svg" || fail "icon is no XML"
 
-"$prefix/bin/parlex-cli" --version | grep -qx 'parlex-cli [0-9.]*' || fail "--version"
-zcat "$prefix/share/man/man1/parlex-cli.1.gz" | grep -q '^\.SH NAME' || fail "man page has no NAME"
-zcat "$prefix/share/man/man1/parlex-cli.1.gz" | grep -q 'explain PATH' ||
-    fail "man page lacks the commands"
+version=$("$prefix/bin/parlex-cli" --version)
+grep -qx 'parlex-cli [0-9.]*' <<<"$version" || fail "--version"
+manual=$(zcat "$prefix/share/man/man1/parlex-cli.1.gz")
+grep -q '^\.SH NAME' <<<"$manual" || fail "man page has no NAME"
+grep -q 'explain PATH' <<<"$manual" || fail "man page lacks the commands"
 
 # The completion offers every command the overview lists.
 completion="$prefix/share/bash-completion/completions/parlex-cli"
@@ -44,10 +45,13 @@ offered() {
     bash -c 'source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _parlex_cli
              printf "%s\n" "${COMPREPLY[@]}"' _ "$completion" "$@"
 }
+# (Output is taken whole first: grep -q leaving a pipe early would fail it under pipefail.)
+commands=$(offered parlex-cli "")
 while read -r first second; do
-    offered parlex-cli "" | grep -qx "$first" || fail "completion lacks $first"
+    grep -qx -- "$first" <<<"$commands" || fail "completion lacks $first"
     if [ -n "$second" ] && [ "${second#-}" = "$second" ] && [ "${second#[A-Z]}" = "$second" ]; then
-        offered parlex-cli "$first" "" | grep -qx "$second" || fail "completion lacks $first $second"
+        subcommands=$(offered parlex-cli "$first" "")
+        grep -qx -- "$second" <<<"$subcommands" || fail "completion lacks $first $second"
     fi
 done < <("$prefix/bin/parlex-cli" --help | sed -n 's/^  \([a-z]\+\)\( [a-z]\+\)\? .*/\1\2/p')
 echo "installed layout OK"
