@@ -43,12 +43,14 @@ std::filesystem::path listsFolder(const Args& args);
 // --json one object on one line), or why the script cannot be read.
 using ScriptOutput = std::function<Result<std::string>(const std::filesystem::path&)>;
 
-// Runs `one` for every script the words name (files, and folders with every *.npc
-// below them). One file prints as it stands. Several print one after the other,
-// each headed "==> FILE <==" in text, or as JSON Lines with a "file" key added in
-// front of each object. A script that cannot be read is told on stderr and the
-// run goes on; the exit status is then 1.
-int forEachScript(const Args& args, std::string_view command, const ScriptOutput& one, Io io);
+// Runs a ScriptOutput for every script the words name (files, and folders with
+// every *.npc below them), on all cores: each thread makes its own with `makeOne`.
+// The outputs come in file order. One file prints as it stands. Several print one
+// after the other, each headed "==> FILE <==" in text, or as JSON Lines with a
+// "file" key added in front of each object. A script that cannot be read is told
+// on stderr and the run goes on; the exit status is then 1.
+int forEachScript(const Args& args, std::string_view command,
+                  const std::function<ScriptOutput()>& makeOne, Io io);
 
 // A number written in decimal or in hex ("0x1F", as the grid shows bytes) within
 // [min, max]; nothing for anything else.

@@ -59,33 +59,38 @@ int runExplain(const Args& args, Io io) {
         if (!only)
             return usage("explain", "номер записи должен быть от 1 до 50", io);
     }
-    const CodeLists lists(listsFolder(args), false);
+    const std::filesystem::path folder = listsFolder(args);
     const bool json = args.has("--json");
     return forEachScript(
         args, "explain",
-        [&](const std::filesystem::path& path) -> Result<std::string> {
-            auto file = NpcFile::load(path);
-            if (!file)
-                return std::unexpected(file.error());
-            const ExplainContext context{file->type(), &lists, false, 0};
-            const int from = only ? static_cast<int>(*only) : 1;
-            const int to = only ? static_cast<int>(*only) : static_cast<int>(file->recordCount());
-            std::string out;
-            if (json)
-                out += "{\"type\":" + jsonString(typeTag(file->type())) + ",\"records\":[";
-            for (int position = from; position <= to; ++position) {
-                const NpcRecord* record = file->recordAt(position);
-                if (json) {
-                    out += position == from ? "" : ",";
-                    appendJson(out, record, position, context);
-                } else {
-                    out += position == from ? "" : "\n";
-                    appendText(out, record, position, context);
+        [&]() -> ScriptOutput {
+            // Each thread reads the lists once into its own copy.
+            auto lists = std::make_shared<CodeLists>(folder, false);
+            return [&, lists](const std::filesystem::path& path) -> Result<std::string> {
+                auto file = NpcFile::load(path);
+                if (!file)
+                    return std::unexpected(file.error());
+                const ExplainContext context{file->type(), lists.get(), false, 0};
+                const int from = only ? static_cast<int>(*only) : 1;
+                const int to =
+                    only ? static_cast<int>(*only) : static_cast<int>(file->recordCount());
+                std::string out;
+                if (json)
+                    out += "{\"type\":" + jsonString(typeTag(file->type())) + ",\"records\":[";
+                for (int position = from; position <= to; ++position) {
+                    const NpcRecord* record = file->recordAt(position);
+                    if (json) {
+                        out += position == from ? "" : ",";
+                        appendJson(out, record, position, context);
+                    } else {
+                        out += position == from ? "" : "\n";
+                        appendText(out, record, position, context);
+                    }
                 }
-            }
-            if (json)
-                out += "]}\n";
-            return out;
+                if (json)
+                    out += "]}\n";
+                return out;
+            };
         },
         io);
 }

@@ -27,16 +27,18 @@ int runInfo(const Args& args, Io io) {
     const bool json = args.has("--json");
     return forEachScript(
         args, "info",
-        [json](const std::filesystem::path& path) -> Result<std::string> {
-            auto file = NpcFile::load(path);
-            if (!file)
-                return std::unexpected(file.error());
-            if (!json)
-                return file->summary() + "\n";
-            return "{\"type\":" + jsonString(typeTag(file->type())) +
-                   ",\"typeText\":" + jsonString(typeText(file->type())) +
-                   ",\"records\":" + std::to_string(file->recordCount()) +
-                   ",\"nonEmpty\":" + std::to_string(file->nonEmptyCount()) + "}\n";
+        [json]() -> ScriptOutput {
+            return [json](const std::filesystem::path& path) -> Result<std::string> {
+                auto file = NpcFile::load(path);
+                if (!file)
+                    return std::unexpected(file.error());
+                if (!json)
+                    return file->summary() + "\n";
+                return "{\"type\":" + jsonString(typeTag(file->type())) +
+                       ",\"typeText\":" + jsonString(typeText(file->type())) +
+                       ",\"records\":" + std::to_string(file->recordCount()) +
+                       ",\"nonEmpty\":" + std::to_string(file->nonEmptyCount()) + "}\n";
+            };
         },
         io);
 }
@@ -44,15 +46,17 @@ int runInfo(const Args& args, Io io) {
 int runDump(const Args& args, Io io) {
     return forEachScript(
         args, "dump",
-        [](const std::filesystem::path& path) -> Result<std::string> {
-            auto file = NpcFile::load(path);
-            if (!file)
-                return std::unexpected(file.error());
-            std::string out;
-            for (std::size_t i = 0; i < file->recordCount(); ++i)
-                out += text::zeroPadded(static_cast<unsigned>(i + 1), 2) + ": " +
-                       text::hexBytes(file->record(i)) + "\n";
-            return out;
+        []() -> ScriptOutput {
+            return [](const std::filesystem::path& path) -> Result<std::string> {
+                auto file = NpcFile::load(path);
+                if (!file)
+                    return std::unexpected(file.error());
+                std::string out;
+                for (std::size_t i = 0; i < file->recordCount(); ++i)
+                    out += text::zeroPadded(static_cast<unsigned>(i + 1), 2) + ": " +
+                           text::hexBytes(file->record(i)) + "\n";
+                return out;
+            };
         },
         io);
 }

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "settings/locations.h"
 
+#include <algorithm>
 #include <charconv>
 #include <ostream>
 
@@ -20,7 +21,8 @@ int report(const Error& error, Io io) {
     return kFailed;
 }
 
-int forEachScript(const Args& args, std::string_view command, const ScriptOutput& one, Io io) {
+int forEachScript(const Args& args, std::string_view command,
+                  const std::function<ScriptOutput()>& makeOne, Io io) {
     if (args.positional.empty())
         return usage(command, "нужен хотя бы один файл .npc или папка", io);
     const std::vector<std::filesystem::path> named(args.positional.begin(), args.positional.end());
@@ -29,19 +31,29 @@ int forEachScript(const Args& args, std::string_view command, const ScriptOutput
     const bool json = args.has("--json");
     int status = kOk;
     bool first = true;
-    for (const auto& script : scripts) {
-        auto output = one(script);
-        if (!output) {
-            report(output.error(), io);
-            status = kFailed;
-            continue;
+    // A batch at a time, so that the outputs of a large mod are not all held at once.
+    constexpr std::size_t kBatch = 256;
+    for (std::size_t start = 0; start < scripts.size(); start += kBatch) {
+        const std::size_t count = std::min(kBatch, scripts.size() - start);
+        std::vector<Result<std::string>> outputs(count);
+        mod::forEachParallel(count, [&] {
+            return [&, one = makeOne()](std::size_t i) { outputs[i] = one(scripts[start + i]); };
+        });
+        for (std::size_t i = 0; i < count; ++i) {
+            auto& output = outputs[i];
+            const auto& script = scripts[start + i];
+            if (!output) {
+                report(output.error(), io);
+                status = kFailed;
+                continue;
+            }
+            if (several && json && output->starts_with("{"))
+                output->insert(1, "\"file\":" + jsonString(script.string()) + ",");
+            else if (several && !json)
+                io.out << (first ? "" : "\n") << "==> " << script.string() << " <==\n";
+            io.out << *output;
+            first = false;
         }
-        if (several && json && output->starts_with("{"))
-            output->insert(1, "\"file\":" + jsonString(script.string()) + ",");
-        else if (several && !json)
-            io.out << (first ? "" : "\n") << "==> " << script.string() << " <==\n";
-        io.out << *output;
-        first = false;
     }
     return status;
 }

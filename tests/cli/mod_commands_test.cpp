@@ -180,3 +180,22 @@ TEST_F(CliMod, InfoDumpAndExplainTakeManyFilesAndFolders) {
 }
 
 } // namespace
+
+namespace {
+
+// Enough files to be spread over threads: the output still comes in file order.
+TEST_F(CliMod, ManyFilesPrintInFileOrder) {
+    std::string expected;
+    for (int i = 0; i < 40; ++i) {
+        const auto file = put("many/" + std::to_string(100 + i) + ".npc", script({1 + i % 50}));
+        expected += "{\"file\":\"" + file + "\",\"type\":\"ub\"";
+    }
+    const auto run = cli({"info", "--json", (dir / "many").string()});
+    EXPECT_EQ(run.status, 0);
+    std::string seen;
+    for (std::size_t at = 0, nl; (nl = run.out.find('\n', at)) != std::string::npos; at = nl + 1)
+        seen += run.out.substr(at, run.out.find(",\"typeText\"", at) - at);
+    EXPECT_EQ(seen, expected);
+}
+
+} // namespace
