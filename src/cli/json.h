@@ -1,11 +1,9 @@
 #pragma once
 
-#include <string>
-#include <string_view>
+#include "text/json.h"
 
 namespace parlex::cli {
 
-// A JSON string literal of UTF-8 text, quotes included.
-std::string jsonString(std::string_view utf8);
+using text::jsonString;
 
 } // namespace parlex::cli

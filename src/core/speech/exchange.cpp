@@ -2,6 +2,8 @@
 
 #include "speech/decompiler.h"
 #include "speech/edtfile.h"
+#include "text/cp1251.h"
+#include "text/json.h"
 #include "text/lines.h"
 #include "text/numbers.h"
 
@@ -12,57 +14,6 @@ namespace parlex {
 namespace {
 
 // ------------------------------------------------------------------ JSON
-
-std::string jsonEscaped(std::string_view utf8) {
-    std::string out = "\"";
-    for (unsigned char c : utf8) {
-        switch (c) {
-        case '"':
-            out += "\\\"";
-            break;
-        case '\\':
-            out += "\\\\";
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        default:
-            if (c < 0x20) {
-                static constexpr char digits[] = "0123456789abcdef";
-                out += "\\u00";
-                out += digits[c >> 4];
-                out += digits[c & 0xF];
-            } else {
-                out += static_cast<char>(c);
-            }
-        }
-    }
-    return out + "\"";
-}
-
-void appendUtf8(std::string& out, std::uint32_t cp) {
-    if (cp < 0x80) {
-        out += static_cast<char>(cp);
-    } else if (cp < 0x800) {
-        out += static_cast<char>(0xC0 | (cp >> 6));
-        out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else if (cp < 0x10000) {
-        out += static_cast<char>(0xE0 | (cp >> 12));
-        out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else {
-        out += static_cast<char>(0xF0 | (cp >> 18));
-        out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (cp & 0x3F));
-    }
-}
 
 // A reader of the one JSON shape the engine uses: an array of strings.
 class JsonArrayReader {
@@ -153,7 +104,7 @@ private:
                         return refuse("неполная суррогатная пара");
                     *cp = 0x10000 + ((*cp - 0xD800) << 10) + (*low - 0xDC00);
                 }
-                appendUtf8(out, *cp);
+                text::appendUtf8(out, static_cast<char32_t>(*cp));
                 break;
             }
             default:
@@ -272,7 +223,7 @@ std::string_view trimmed(std::string_view s) {
 std::string phrasesToJson(const EdtFile& file) {
     std::string out = "[\n";
     for (int i = 0; i <= file.lastPhrase(); ++i)
-        out += "  " + jsonEscaped(file.phrase(i)) + (i < file.lastPhrase() ? ",\n" : "\n");
+        out += "  " + text::jsonString(file.phrase(i)) + (i < file.lastPhrase() ? ",\n" : "\n");
     return out + "]\n";
 }
 

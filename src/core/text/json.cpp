@@ -1,6 +1,6 @@
-#include "cli/json.h"
+#include "text/json.h"
 
-namespace parlex::cli {
+namespace parlex::text {
 
 std::string jsonString(std::string_view s) {
     std::string out;
@@ -42,4 +42,4 @@ std::string jsonString(std::string_view s) {
     return out + '"';
 }
 
-} // namespace parlex::cli
+} // namespace parlex::text
