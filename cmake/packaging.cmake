@@ -19,7 +19,9 @@ install(FILES ${PROJECT_SOURCE_DIR}/resources/completion/parlex-cli
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 
 # The manual page of parlex-cli, made from its --help and --version.
-find_program(HELP2MAN help2man)
+if(NOT WIN32)
+    find_program(HELP2MAN help2man)
+endif()
 if(HELP2MAN)
     set(MAN_PAGE ${PROJECT_BINARY_DIR}/parlex-cli.1)
     add_custom_command(
@@ -34,7 +36,7 @@ if(HELP2MAN)
         VERBATIM)
     add_custom_target(manpage ALL DEPENDS ${MAN_PAGE}.gz)
     install(FILES ${MAN_PAGE}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-else()
+elseif(NOT WIN32)
     message(WARNING "help2man not found: no manual page for parlex-cli")
 endif()
 

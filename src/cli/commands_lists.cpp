@@ -58,9 +58,7 @@ int runExtract(const Args& args, Io io) {
                                              : locations(platform::programDir()).listFolder;
     if (args.value("--dir") && !std::filesystem::is_directory(folder))
         return report({ErrorKind::NotFound, "Папка " + folder.string() + " не найдена."}, io);
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    ::localtime_r(&now, &local);
+    const std::tm local = platform::localNow();
     int status = kOk;
     for (ListKey key : keys) {
         auto written = writeListFile(key, folder, local, args.has("--yes"));

@@ -352,9 +352,7 @@ void Session::choosePhraseFont() {
 
 void Session::extractList(ListKey key, bool askBeforeReplace) {
     const auto folder = locations(programDir_).listFolder;
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    ::localtime_r(&now, &local);
+    const std::tm local = platform::localNow();
     auto written = writeListFile(key, folder, local, !askBeforeReplace);
     if (!written && written.error().kind == ErrorKind::Exists) {
         if (prompts_.question(kTitle, q(written.error().message), false) != Answer::Yes)

@@ -3,6 +3,7 @@
 #include "common/error.h"
 
 #include <cstdint>
+#include <ctime>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -59,6 +60,9 @@ Result<void> writeFileAtomic(const fs::path& path, std::string_view bytes);
 // "Ошибка во время чтения файла. Error N\n<system description>" and its save twin.
 std::string readErrorMessage(int errorNumber);
 std::string writeErrorMessage(int errorNumber);
+
+// The present date and time on the local clock.
+std::tm localNow();
 
 // The folder of the running executable.
 fs::path programDir();

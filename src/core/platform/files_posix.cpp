@@ -155,6 +155,13 @@ Result<void> writeFileAtomic(const fs::path& path, std::span<const std::uint8_t>
     return {};
 }
 
+std::tm localNow() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    return local;
+}
+
 fs::path programDir() {
     std::error_code ec;
     const fs::path exe = fs::read_symlink("/proc/self/exe", ec);

@@ -1,0 +1,52 @@
+#include "platform/process.h"
+
+#include <windows.h>
+
+#include <filesystem>
+
+namespace parlex::platform {
+namespace {
+
+std::wstring wide(const std::string& utf8) {
+    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).wstring();
+}
+
+// One word of a command line as the C runtime splits it again.
+std::wstring quoted(const std::wstring& word) {
+    std::wstring out = L"\"";
+    std::size_t backslashes = 0;
+    for (wchar_t c : word) {
+        if (c == L'\\') {
+            ++backslashes;
+            continue;
+        }
+        out.append(c == L'"' ? backslashes * 2 + 1 : backslashes, L'\\');
+        backslashes = 0;
+        out += c;
+    }
+    out.append(backslashes * 2, L'\\');
+    return out + L"\"";
+}
+
+} // namespace
+
+std::optional<int> runProgram(const std::string& program,
+                              const std::vector<std::string>& arguments) {
+    std::wstring line = quoted(wide(program));
+    for (const auto& argument : arguments)
+        line += L" " + quoted(wide(argument));
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                          nullptr, &startup, &process))
+        return std::nullopt;
+    ::WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD status = 0;
+    ::GetExitCodeProcess(process.hProcess, &status);
+    ::CloseHandle(process.hThread);
+    ::CloseHandle(process.hProcess);
+    return static_cast<int>(status);
+}
+
+} // namespace parlex::platform
