@@ -1,10 +1,11 @@
 # Thin wrapper over CMake. `make run` and `make test` install missing packages first.
 BUILD      ?= build
 ASAN_BUILD ?= build-asan
+WIN_BUILD  ?= build-windows
 JOBS       ?= $(shell nproc)
 EXAMPLE    ?= examples/053.npc
 
-.PHONY: all deps build run run-cli test test-sanitize bench package install format clean
+.PHONY: all deps build run run-cli test test-sanitize test-windows windows bench package install format clean
 
 all: build
 
@@ -39,6 +40,17 @@ test-sanitize: deps
 		LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp \
 		ctest --test-dir $(ASAN_BUILD) --output-on-failure -j $(JOBS)
 
+# The core, parlex-cli and the core's tests for 64-bit Windows (MinGW-w64, static).
+windows:
+	@bash scripts/deps.sh windows
+	cmake -S . -B $(WIN_BUILD) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake \
+		-DCMAKE_BUILD_TYPE=Release -DPARLEX_BENCHMARKS=OFF
+	cmake --build $(WIN_BUILD) -j $(JOBS)
+
+# Those tests run under Wine, in a prefix of the build folder, without a display.
+test-windows: windows
+	ctest --test-dir $(WIN_BUILD) --output-on-failure -j $(JOBS)
+
 bench: build
 	@for b in $(BUILD)/benchmarks/bench_*; do $$b --benchmark_repetitions=5 --benchmark_report_aggregates_only=true; done
 	$(BUILD)/benchmarks/session_keystroke --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
@@ -58,4 +70,4 @@ format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(WIN_BUILD)

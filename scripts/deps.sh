@@ -3,9 +3,14 @@
 # Does nothing when everything is already there; asks apt only for what is missing.
 set -euo pipefail
 
+# `deps.sh windows`: what the Windows build and its tests under Wine need instead.
+if [ "${1:-}" = windows ]; then
+    packages=(make cmake g++-mingw-w64-x86-64 wine64 googletest)
+else
 packages=(make cmake g++ libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev
           qt6-translations-l10n qt6-svg-dev xdg-utils shared-mime-info desktop-file-utils
           appstream help2man file dpkg-dev gettext)
+fi
 
 missing=()
 for p in "${packages[@]}"; do

@@ -4,6 +4,7 @@
 #include "explain/fieldlayout.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -13,6 +14,9 @@
 #include <stdexcept>
 #include <string>
 #include <vector>
+#ifdef _WIN32
+#include <process.h>
+#endif
 
 namespace testutil {
 
@@ -21,10 +25,25 @@ namespace fs = std::filesystem;
 class TempDir {
 public:
     TempDir() {
+#ifdef _WIN32
+        // A folder of its own: a name no other test of any process has taken.
+        static std::atomic<unsigned> counter{0};
+        for (unsigned attempt = 0; path_.empty(); ++attempt) {
+            const fs::path candidate =
+                fs::temp_directory_path() /
+                ("parlex-test-" + std::to_string(::_getpid()) + "-" + std::to_string(counter++));
+            std::error_code ec;
+            if (fs::create_directory(candidate, ec))
+                path_ = candidate;
+            else if (attempt > 1000)
+                throw std::runtime_error("no temporary folder");
+        }
+#else
         std::string pattern = (fs::temp_directory_path() / "parlex-test-XXXXXX").string();
         if (!::mkdtemp(pattern.data()))
             throw std::runtime_error("mkdtemp failed");
         path_ = pattern;
+#endif
     }
     ~TempDir() {
         std::error_code ec;
@@ -33,8 +52,12 @@ public:
     }
     TempDir(const TempDir&) = delete;
     TempDir& operator=(const TempDir&) = delete;
-    const fs::path& path() const { return path_; }
-    fs::path operator/(const std::string& name) const { return path_ / name; }
+    const fs::path& path() const {
+        return path_;
+    }
+    fs::path operator/(const std::string& name) const {
+        return path_ / name;
+    }
 
 private:
     fs::path path_;

@@ -1,13 +1,30 @@
 #include "text/cp1251.h"
 
 #include <gtest/gtest.h>
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <iconv.h>
+#endif
 
 using namespace parlex::text;
 
 namespace {
 
-// The C library's own converter, as an independent reference.
+// The system's own converter, as an independent reference: code page 1251 of
+// Windows, or the C library's iconv.
+#ifdef _WIN32
+std::string referenceDecode(unsigned char byte) {
+    const char in[1] = {static_cast<char>(byte)};
+    wchar_t wide[4] = {};
+    const int n = ::MultiByteToWideChar(1251, MB_ERR_INVALID_CHARS, in, 1, wide, 4);
+    if (n != 1)
+        return {};
+    char out[8] = {};
+    const int m = ::WideCharToMultiByte(CP_UTF8, 0, wide, 1, out, sizeof out, nullptr, nullptr);
+    return std::string(out, static_cast<std::size_t>(m));
+}
+#else
 std::string referenceDecode(unsigned char byte) {
     iconv_t cd = ::iconv_open("UTF-8", "CP1251");
     char in[1] = {static_cast<char>(byte)};
@@ -19,6 +36,7 @@ std::string referenceDecode(unsigned char byte) {
     ::iconv_close(cd);
     return r == static_cast<std::size_t>(-1) ? std::string() : std::string(out, outp);
 }
+#endif
 
 TEST(Cp1251, EveryDefinedByteDecodesLikeTheSystemConverter) {
     int checked = 0;

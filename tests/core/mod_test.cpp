@@ -109,17 +109,17 @@ TEST_F(ModTest, LintChecksThePhrasesAgainstTheSpeechFileBeside) {
     auto speech = EdtFile::makeNew(EdtKind::NpcDialogues);
     for (int p : {0, 3, 5})
         ASSERT_TRUE(speech.setPhrase(p, "Привет"));
-    ASSERT_TRUE(speech.saveAs(dir / "001.Edt")); // phrases 0-5 on disk, 4 empty
+    ASSERT_TRUE(speech.saveAs(dir / "001.EDT")); // phrases 0-5 on disk, 4 empty
     const auto script = put("001.npc", scriptWith({{1, {{13, 3}, {14, 5}}}, {2, {{13, 5}}}}));
     const auto findings = lintScript(script, lists);
     ASSERT_EQ(findings.size(), 2u);
-    EXPECT_EQ(findings[0].message, "фразы 6-7 нет в файле 001.Edt (в нём фраз: 6)");
-    EXPECT_EQ(findings[1].message, "фраза 4 в файле 001.Edt пустая");
+    EXPECT_EQ(findings[0].message, "фразы 6-7 нет в файле 001.EDT (в нём фраз: 6)");
+    EXPECT_EQ(findings[1].message, "фраза 4 в файле 001.EDT пустая");
     EXPECT_EQ(findings[1].field, 13);
 
-    testutil::writeBytes(dir / "001.Edt", {1, 2, 3});
+    testutil::writeBytes(dir / "001.EDT", {1, 2, 3});
     expectStarts(lintScript(script, lists),
-                 {"001.npc:-:-:warning:речевой файл 001.Edt не прочитан: "});
+                 {"001.npc:-:-:warning:речевой файл 001.EDT не прочитан: "});
 }
 
 TEST(NumberRanges, JoinRuns) {

@@ -5,7 +5,9 @@
 
 #include <csignal>
 #include <gtest/gtest.h>
+#ifndef _WIN32
 #include <sys/resource.h>
+#endif
 
 using namespace parlex;
 using testutil::TempDir;
@@ -228,6 +230,9 @@ TEST(NpcFileSave, FailureWhilstWritingLeavesOldFileIntactAndDocumentChanged) {
     ASSERT_TRUE(file);
     file->setRecord(10, kNeutralRecord);
 
+#ifdef _WIN32
+    GTEST_SKIP() << "a file size limit (RLIMIT_FSIZE) is POSIX only";
+#else
     // Let the write stop part-way: files may grow to 1000 bytes only.
     auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
     rlimit old{};
@@ -249,6 +254,7 @@ TEST(NpcFileSave, FailureWhilstWritingLeavesOldFileIntactAndDocumentChanged) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()),
                             std::filesystem::directory_iterator()),
               1);
+#endif
 }
 
 TEST(NpcFileSave, PathBelowAFileFailsAndKeepsDocument) {

@@ -352,9 +352,14 @@ TEST(Companion, FoundWhateverTheCaseOfItsExtension) {
     testutil::writeBytes(dir / "053.edt", {});
     testutil::writeBytes(dir / "054.EDT", {});
     testutil::writeBytes(dir / "53.edt", {});
-    EXPECT_EQ(parlex::findCompanion(script), dir / "053.edt");
+    const auto found = parlex::findCompanion(script);
+    ASSERT_TRUE(found);
+    EXPECT_TRUE(std::filesystem::equivalent(*found, dir / "053.edt"));
+#ifndef _WIN32 // two spellings of one name are one file on Windows
+    EXPECT_EQ(found, dir / "053.edt");
     testutil::writeBytes(dir / "053.EDT", {});
     EXPECT_EQ(parlex::findCompanion(script), dir / "053.EDT") << "the exact name first";
+#endif
     std::filesystem::create_directory(dir / "055.EDT");
     EXPECT_EQ(parlex::findCompanion(dir / "055.npc"), std::nullopt) << "a folder is no file";
 }
