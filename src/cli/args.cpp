@@ -1,5 +1,7 @@
 #include "cli/args.h"
 
+#include "platform/files.h"
+
 #include <algorithm>
 #include <charconv>
 
@@ -52,6 +54,17 @@ std::variant<Args, UsageError> parseArgs(std::span<char* const> words,
         args.positional.emplace_back(word);
     }
     return args;
+}
+
+std::filesystem::path pathArg(std::string_view utf8) {
+    return platform::pathFromUtf8(utf8);
+}
+
+std::vector<std::filesystem::path> pathArgs(const std::vector<std::string>& words) {
+    std::vector<std::filesystem::path> paths;
+    for (const auto& word : words)
+        paths.push_back(pathArg(word));
+    return paths;
 }
 
 std::optional<long long> parseNumber(std::string_view text, long long min, long long max) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <set>
@@ -40,6 +41,10 @@ struct UsageError {
 // short option ("-o") counts only where the command has one; "-5" stays a word.
 std::variant<Args, UsageError> parseArgs(std::span<char* const> words,
                                          std::span<const OptionSpec> options);
+
+// A file name given on the command line (UTF-8) as a path.
+std::filesystem::path pathArg(std::string_view utf8);
+std::vector<std::filesystem::path> pathArgs(const std::vector<std::string>& words);
 
 // Parses a whole decimal number in [min, max]; nothing if the text is anything else.
 std::optional<long long> parseNumber(std::string_view text, long long min, long long max);

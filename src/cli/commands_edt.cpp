@@ -28,7 +28,7 @@ std::variant<EdtFile, int> loadArgument(const Args& args, std::string_view comma
     const auto kind = kindOf(args);
     if (!kind)
         return usage(command, kKindComplaint, io);
-    auto file = EdtFile::load(args.positional[0], *kind);
+    auto file = EdtFile::load(pathArg(args.positional[0]), *kind);
     if (!file)
         return report(file.error(), io);
     return std::move(*file);
@@ -111,11 +111,11 @@ int runNew(const Args& args, Io io) {
         return usage("edt new",
                      args.positional.size() != 1 ? "нужен ровно один файл .edt" : kKindComplaint,
                      io);
-    const std::filesystem::path path = args.positional[0];
+    const std::filesystem::path path = pathArg(args.positional[0]);
     if (platform::fileExists(path) && !args.has("--yes"))
         return report(
-            {ErrorKind::Exists,
-             "Файл " + path.string() + "\nуже существует. Чтобы заменить его, добавьте --yes."},
+            {ErrorKind::Exists, "Файл " + platform::utf8(path) +
+                                    "\nуже существует. Чтобы заменить его, добавьте --yes."},
             io);
     EdtFile file = EdtFile::makeNew(*kind);
     if (auto saved = file.saveAs(path); !saved)
@@ -126,17 +126,17 @@ int runNew(const Args& args, Io io) {
 int runDecompile(const Args& args, Io io) {
     if (args.positional.size() != 2)
         return usage("edt decompile", "нужны файл .edt и файл результата", io);
-    auto file = EdtFile::load(args.positional[0], EdtKind::NpcDialogues);
+    auto file = EdtFile::load(pathArg(args.positional[0]), EdtKind::NpcDialogues);
     if (!file)
         return report(file.error(), io);
-    if (auto written = decompileToFile(*file, args.positional[1]); !written)
+    if (auto written = decompileToFile(*file, pathArg(args.positional[1])); !written)
         return report(written.error(), io);
     return kOk;
 }
 
 // The extension of a name in lower case (".json", ".po").
 std::string lowerExtension(const std::filesystem::path& path) {
-    std::string extension = path.extension().string();
+    std::string extension = platform::utf8(path.extension());
     for (char& c : extension)
         c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return extension;
@@ -157,7 +157,7 @@ int runExport(const Args& args, Io io) {
         io.out << text;
         return kOk;
     }
-    if (auto written = platform::writeFileAtomic(target, text); !written)
+    if (auto written = platform::writeFileAtomic(pathArg(target), text); !written)
         return report(written.error(), io);
     io.out << target << "\n";
     return kOk;
@@ -169,11 +169,11 @@ int runImport(const Args& args, Io io) {
     const auto kind = kindOf(args);
     if (!kind)
         return usage("edt import", kKindComplaint, io);
-    const std::filesystem::path from = args.positional[1];
+    const std::filesystem::path from = pathArg(args.positional[1]);
     const std::string extension = lowerExtension(from);
     if (extension != ".json" && extension != ".po")
         return usage("edt import", "формат узнаётся по расширению: .json или .po", io);
-    auto file = EdtFile::load(args.positional[0], *kind);
+    auto file = EdtFile::load(pathArg(args.positional[0]), *kind);
     if (!file)
         return report(file.error(), io);
     const auto bytes = platform::readFile(from);
@@ -182,9 +182,11 @@ int runImport(const Args& args, Io io) {
     const std::string_view text(reinterpret_cast<const char*>(bytes->data()), bytes->size());
     auto phrases = extension == ".json" ? phrasesFromJson(text) : phrasesFromPo(text);
     if (!phrases)
-        return report({ErrorKind::Invalid, from.string() + ": " + phrases.error().message}, io);
+        return report({ErrorKind::Invalid, platform::utf8(from) + ": " + phrases.error().message},
+                      io);
     if (auto imported = importPhrases(*file, *phrases); !imported)
-        return report({ErrorKind::Invalid, from.string() + ": " + imported.error().message}, io);
+        return report({ErrorKind::Invalid, platform::utf8(from) + ": " + imported.error().message},
+                      io);
     if (!file->isChanged()) {
         io.err << "parlex-cli: фразы не изменились, файл не записан\n";
         return kOk;

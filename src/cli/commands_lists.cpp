@@ -54,10 +54,11 @@ int runExtract(const Args& args, Io io) {
         for (const auto& list : codeLists())
             keys.push_back(list.key);
     const std::filesystem::path folder = args.value("--dir")
-                                             ? std::filesystem::path(*args.value("--dir"))
+                                             ? pathArg(*args.value("--dir"))
                                              : locations(platform::programDir()).listFolder;
     if (args.value("--dir") && !std::filesystem::is_directory(folder))
-        return report({ErrorKind::NotFound, "Папка " + folder.string() + " не найдена."}, io);
+        return report({ErrorKind::NotFound, "Папка " + platform::utf8(folder) + " не найдена."},
+                      io);
     const std::tm local = platform::localNow();
     int status = kOk;
     for (ListKey key : keys) {

@@ -7,6 +7,7 @@
 #include "mod/scriptdiff.h"
 #include "mod/scripts.h"
 #include "mod/search.h"
+#include "platform/files.h"
 
 #include <algorithm>
 #include <ostream>
@@ -15,8 +16,7 @@ namespace parlex::cli {
 namespace {
 
 std::vector<std::filesystem::path> scriptsOf(const Args& args) {
-    const std::vector<std::filesystem::path> paths(args.positional.begin(), args.positional.end());
-    return mod::collectScripts(paths);
+    return mod::collectScripts(pathArgs(args.positional));
 }
 
 std::string jsonNumberOrNull(const std::optional<int>& n) {
@@ -33,7 +33,7 @@ std::size_t printFindings(const std::vector<mod::Finding>& findings, std::size_t
     for (const auto& f : findings) {
         if (json) {
             out += first ? "" : ",";
-            out += "{\"file\":" + jsonString(f.file.string()) +
+            out += "{\"file\":" + jsonString(platform::utf8(f.file)) +
                    ",\"record\":" + jsonNumberOrNull(f.record) +
                    ",\"field\":" + jsonNumberOrNull(f.field) + ",\"severity\":\"" +
                    mod::severityName(f.severity) + "\",\"message\":" + jsonString(f.message) + "}";
@@ -91,7 +91,8 @@ int runDiff(const Args& args, Io io) {
     if (args.positional.size() != 2)
         return usage("diff", "нужны два файла .npc", io);
     const CodeLists lists(listsFolder(args), false);
-    const auto changes = mod::diffScripts(args.positional[0], args.positional[1], lists);
+    const auto changes =
+        mod::diffScripts(pathArg(args.positional[0]), pathArg(args.positional[1]), lists);
     if (!changes) {
         io.err << "parlex-cli: " << changes.error().message << "\n";
         return kUsage;

@@ -5,6 +5,7 @@
 #include "mod/batchconvert.h"
 #include "mod/scripts.h"
 #include "npc/npcfile.h"
+#include "platform/files.h"
 #include "text/hex.h"
 #include "text/numbers.h"
 
@@ -90,7 +91,7 @@ int runSet(const Args& args, Io io) {
                                                "\" не является целым неотрицательным числом "
                                                "(десятичным или 0x...)."},
                       io);
-    auto file = NpcFile::load(args.positional[0]);
+    auto file = NpcFile::load(pathArg(args.positional[0]));
     if (!file)
         return report(file.error(), io);
     if (!record || !file->hasRecordAt(static_cast<int>(*record)))
@@ -112,18 +113,18 @@ int runConvertMany(const Args& args, Io io) {
         return usage("convert", "--to: ub или ja", io);
     if (args.positional.empty())
         return usage("convert", "нужен хотя бы один файл .npc или папка", io);
-    const std::vector<std::filesystem::path> paths(args.positional.begin(), args.positional.end());
+    const std::vector<std::filesystem::path> paths = pathArgs(args.positional);
     const auto out = args.value("--out");
     int status = kOk;
     for (const auto& outcome : mod::convertScripts(
              mod::collectScripts(paths), to == "ub" ? NpcFileType::Ub : NpcFileType::Ja,
-             out ? std::optional<std::filesystem::path>(*out) : std::nullopt)) {
+             out ? std::optional<std::filesystem::path>(pathArg(*out)) : std::nullopt)) {
         using Status = mod::ConvertOutcome::Status;
         if (outcome.status == Status::Converted) {
-            io.out << outcome.source.string() << " -> " << outcome.target.string() << " (" << to
-                   << ")\n";
+            io.out << platform::utf8(outcome.source) << " -> " << platform::utf8(outcome.target)
+                   << " (" << to << ")\n";
         } else {
-            io.err << "parlex-cli: " << outcome.source.string() << ": " << outcome.message
+            io.err << "parlex-cli: " << platform::utf8(outcome.source) << ": " << outcome.message
                    << (outcome.status == Status::Skipped ? ", пропущен" : "") << "\n";
             if (outcome.status == Status::Failed)
                 status = kFailed;
@@ -139,12 +140,13 @@ int runConvert(const Args& args, Io io) {
         return usage("convert", "--out только вместе с --to", io);
     if (args.positional.size() != 2)
         return usage("convert", "нужны два пути: исходный файл и файл результата", io);
-    auto source = npcformat::readScript(args.positional[0]);
+    auto source = npcformat::readScript(pathArg(args.positional[0]));
     if (!source)
         return report(source.error(), io);
     const NpcFileType from = npcformat::detectType(*source);
     const NpcFileType to = otherType(from);
-    auto done = npcformat::convertFile(args.positional[0], args.positional[1], to);
+    auto done =
+        npcformat::convertFile(pathArg(args.positional[0]), pathArg(args.positional[1]), to);
     if (!done)
         return report(done.error(), io);
     io.out << args.positional[0] << " (" << typeTag(from) << ") -> " << args.positional[1] << " ("

@@ -12,7 +12,7 @@ namespace parlex::cli {
 
 std::filesystem::path listsFolder(const Args& args) {
     if (auto dir = args.value("--lists"))
-        return *dir;
+        return pathArg(*dir);
     return locations(platform::programDir()).listFolder;
 }
 
@@ -25,7 +25,7 @@ int forEachScript(const Args& args, std::string_view command,
                   const std::function<ScriptOutput()>& makeOne, Io io) {
     if (args.positional.empty())
         return usage(command, "нужен хотя бы один файл .npc или папка", io);
-    const std::vector<std::filesystem::path> named(args.positional.begin(), args.positional.end());
+    const std::vector<std::filesystem::path> named = pathArgs(args.positional);
     const auto scripts = mod::collectScripts(named);
     const bool several = scripts.size() > 1 || std::filesystem::is_directory(named.front());
     const bool json = args.has("--json");
@@ -48,9 +48,9 @@ int forEachScript(const Args& args, std::string_view command,
                 continue;
             }
             if (several && json && output->starts_with("{"))
-                output->insert(1, "\"file\":" + jsonString(script.string()) + ",");
+                output->insert(1, "\"file\":" + jsonString(platform::utf8(script)) + ",");
             else if (several && !json)
-                io.out << (first ? "" : "\n") << "==> " << script.string() << " <==\n";
+                io.out << (first ? "" : "\n") << "==> " << platform::utf8(script) << " <==\n";
             io.out << *output;
             first = false;
         }

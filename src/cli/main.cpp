@@ -1,5 +1,6 @@
 // parlex-cli: the rules of Parlex for scripts and batch work.
 #include "cli/commands.h"
+#include "platform/process.h"
 
 #include <iostream>
 #include <vector>
@@ -36,6 +37,7 @@ void printHelp(const Command& c, std::ostream& out) {
 } // namespace
 
 int main(int argc, char** argv) {
+    parlex::platform::useUtf8Console();
     std::vector<char*> words(argv + 1, argv + argc);
     Io io{std::cout, std::cerr};
     if (words.empty()) {

@@ -95,7 +95,7 @@ std::string escapeString(std::string_view value) {
 
 std::string execValue(const fs::path& program) {
     std::string argument;
-    for (char c : program.string())
+    for (char c : platform::utf8(program))
         argument += c == '%' ? std::string("%%") : std::string(1, c);
     if (argument.find_first_of(kReserved) != std::string::npos) {
         std::string quoted = "\"";
@@ -286,14 +286,14 @@ Result<void> FreedesktopAssociation::associate() {
     if (auto written = writeText(mimePackageFile(), freedesktop::mimePackage()); !written)
         return written;
     // Without the tool the type is still known to programs that read the packages.
-    platform::runProgram("update-mime-database", {(dataHome_ / "mime").string()});
+    platform::runProgram("update-mime-database", {platform::utf8(dataHome_ / "mime")});
     if (auto written = writeText(desktopFile(), freedesktop::desktopEntry(program_)); !written)
         return written;
     std::string mimeapps;
     if (platform::fileExists(mimeappsFile())) {
         const auto text = readText(mimeappsFile());
         if (!text)
-            return fail(ErrorKind::Read, "Не удалось прочитать " + mimeappsFile().string());
+            return fail(ErrorKind::Read, "Не удалось прочитать " + platform::utf8(mimeappsFile()));
         mimeapps = *text;
     }
     return writeText(mimeappsFile(),
@@ -310,7 +310,7 @@ Result<void> FreedesktopAssociation::disassociate() {
     std::error_code ec;
     fs::remove(desktopFile(), ec);
     if (ec && outcome)
-        return fail(ErrorKind::Write, "Не удалось удалить " + desktopFile().string());
+        return fail(ErrorKind::Write, "Не удалось удалить " + platform::utf8(desktopFile()));
     return outcome;
 }
 

@@ -18,7 +18,7 @@ std::string dateText(const std::tm& t) {
 } // namespace
 
 std::string listFileText(ListKey key, const std::filesystem::path& path, const std::tm& now) {
-    std::string out = "; " + path.string() + " Greated: " + dateText(now) + "\r\n" +
+    std::string out = "; " + platform::utf8(path) + " Greated: " + dateText(now) + "\r\n" +
                       "; Вы можете изменять значения данного списка\r\n"
                       "; и при наличии данного файла в директории с программой\r\n"
                       "; данные будут загружаться из списка\r\n"
@@ -38,7 +38,8 @@ Result<std::filesystem::path> writeListFile(ListKey key, const std::filesystem::
     if (platform::driveKind(folder) == platform::DriveKind::ReadOnly)
         return std::unexpected(platform::readOnlyDriveError(folder, false));
     if (!replace && platform::fileExists(path))
-        return fail(ErrorKind::Exists, "Файл " + path.string() + "\nуже существует. Заменить его?");
+        return fail(ErrorKind::Exists,
+                    "Файл " + platform::utf8(path) + "\nуже существует. Заменить его?");
     std::filesystem::create_directories(path.parent_path(), ec); // a failure shows in the write
     auto bytes = text::utf8ToCp1251(listFileText(key, path, now));
     if (!bytes)

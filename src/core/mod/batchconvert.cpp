@@ -32,8 +32,9 @@ std::vector<ConvertOutcome> convertScripts(std::span<const fs::path> scripts, Np
         std::error_code ec;
         const fs::path canonical = fs::weakly_canonical(target, ec);
         if (!written.insert(ec ? target : canonical).second) {
-            outcomes.push_back({source, target, Status::Skipped,
-                                "файл " + target.string() + " уже записан из другого скрипта"});
+            outcomes.push_back(
+                {source, target, Status::Skipped,
+                 "файл " + platform::utf8(target) + " уже записан из другого скрипта"});
             continue;
         }
         const auto converted = npcformat::convertLayout(*bytes, to);

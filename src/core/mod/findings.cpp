@@ -1,4 +1,5 @@
 #include "mod/findings.h"
+#include "platform/files.h"
 
 #include <algorithm>
 #include <utility>
@@ -29,7 +30,7 @@ const char* severityName(Severity severity) {
 }
 
 std::string formatFinding(const Finding& finding) {
-    std::string out = finding.file.string();
+    std::string out = platform::utf8(finding.file);
     if (finding.record)
         out += ":" + std::to_string(*finding.record);
     if (finding.field)

@@ -35,7 +35,7 @@ Speech readSpeech(const fs::path& script, std::vector<Finding>& findings) {
     auto file = EdtFile::load(*path, EdtKind::NpcDialogues);
     if (!file) {
         findings.push_back({script, std::nullopt, std::nullopt, Severity::Warning,
-                            "речевой файл " + path->filename().string() +
+                            "речевой файл " + platform::utf8(path->filename()) +
                                 " не прочитан: " + file.error().message});
         return speech;
     }

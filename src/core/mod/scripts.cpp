@@ -1,4 +1,5 @@
 #include "mod/scripts.h"
+#include "platform/files.h"
 
 #include "codelists/codelists.h"
 
@@ -12,7 +13,7 @@ namespace fs = std::filesystem;
 namespace {
 
 bool isScriptName(const fs::path& path) {
-    std::string extension = path.extension().string();
+    std::string extension = platform::utf8(path.extension());
     std::ranges::transform(extension, extension.begin(),
                            [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return extension == ".npc";

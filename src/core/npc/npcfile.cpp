@@ -100,7 +100,7 @@ Result<void> NpcFile::save() {
     }
     if (isNew_ || path_.empty())
         return fail(ErrorKind::NotFound, "Файл ещё не сохранён: укажите имя файла.");
-    return fail(ErrorKind::NotFound, "Файл " + path_.string() + " не найден.");
+    return fail(ErrorKind::NotFound, "Файл " + platform::utf8(path_) + " не найден.");
 }
 
 Result<void> NpcFile::saveAs(const std::filesystem::path& path) {

@@ -4,6 +4,7 @@
 #include "npc/npcfiletype.h"
 #include "npc/npcformat.h"
 #include "npc/npcrecord.h"
+#include "platform/files.h"
 
 #include <filesystem>
 #include <optional>
@@ -48,7 +49,7 @@ public:
     bool isNew() const { return isNew_; }
 
     const std::filesystem::path& path() const { return path_; }
-    std::string title() const { return path_.filename().string(); }
+    std::string title() const { return platform::utf8(path_.filename()); }
 
     // "Записи <given> в файле нет: записи с 1 по <count>.": a position outside the file.
     std::string positionRefusal(std::string_view given) const;

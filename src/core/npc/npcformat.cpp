@@ -23,12 +23,12 @@ Result<FileBytes> readScript(const std::filesystem::path& path) {
         return std::unexpected(size.error());
     if (*size != kFileSize)
         return fail(*size < kFileSize ? ErrorKind::TooSmall : ErrorKind::TooLarge,
-                    sizeRefusal(path.string(), *size));
+                    sizeRefusal(platform::utf8(path), *size));
     auto data = platform::readFile(path);
     if (!data)
         return std::unexpected(data.error());
     if (data->size() != kFileSize) // the file changed between the two looks
-        return fail(ErrorKind::Read, sizeRefusal(path.string(), data->size()));
+        return fail(ErrorKind::Read, sizeRefusal(platform::utf8(path), data->size()));
     FileBytes bytes;
     std::copy(data->begin(), data->end(), bytes.begin());
     return bytes;

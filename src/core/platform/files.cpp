@@ -13,6 +13,15 @@ std::string errorText(const char* what, int errorNumber) {
 
 } // namespace
 
+fs::path pathFromUtf8(std::string_view utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::string utf8(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return std::string(text.begin(), text.end());
+}
+
 Error readOnlyDriveError(const fs::path& path, bool hint) {
     std::string message = "Диск " + driveRoot(path) + "\nтолько для чтения";
     if (hint)

@@ -8,6 +8,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // The few questions Parlex asks of the operating system.
@@ -20,6 +21,12 @@ enum class DriveKind {
     ReadOnly, // mounted read-only, or an optical-disc file system
     Network,  // NFS, SMB and the like
 };
+
+// A path from UTF-8 text, and a path as UTF-8 text. Every name the program reads or
+// shows goes through these: on Windows the narrow conversions of std::filesystem
+// do not speak UTF-8 (a Cyrillic name would come out garbled, or throw).
+fs::path pathFromUtf8(std::string_view utf8);
+std::string utf8(const fs::path& path);
 
 // The kind of the file system that holds `path` (or would hold it: for a path
 // that does not exist yet the nearest existing folder above it is asked).

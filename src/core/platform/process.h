@@ -12,4 +12,8 @@ namespace parlex::platform {
 std::optional<int> runProgram(const std::string& program,
                               const std::vector<std::string>& arguments);
 
+// Makes the console show what the program writes as UTF-8 (Windows); nothing where
+// terminals speak UTF-8 already.
+void useUtf8Console();
+
 } // namespace parlex::platform

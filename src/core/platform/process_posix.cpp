@@ -39,4 +39,6 @@ std::optional<int> runProgram(const std::string& program,
     return WEXITSTATUS(status);
 }
 
+void useUtf8Console() {}
+
 } // namespace parlex::platform

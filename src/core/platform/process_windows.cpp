@@ -49,4 +49,8 @@ std::optional<int> runProgram(const std::string& program,
     return static_cast<int>(status);
 }
 
+void useUtf8Console() {
+    ::SetConsoleOutputCP(CP_UTF8);
+}
+
 } // namespace parlex::platform

@@ -1,4 +1,5 @@
 #include "speech/companion.h"
+#include "platform/files.h"
 
 #include <algorithm>
 #include <cctype>
@@ -16,10 +17,10 @@ std::string upper(std::string s) {
 } // namespace
 
 std::filesystem::path companionPath(const std::filesystem::path& scriptPath) {
-    const std::string title = scriptPath.filename().string();
+    const std::string title = platform::utf8(scriptPath.filename());
     const bool npc = title.size() >= 5 && upper(title.substr(title.size() - 4)) == ".NPC";
     return scriptPath.parent_path() /
-           (npc ? title.substr(0, title.size() - 3) + "EDT" : title + ".EDT");
+           platform::pathFromUtf8(npc ? title.substr(0, title.size() - 3) + "EDT" : title + ".EDT");
 }
 
 std::optional<std::filesystem::path> findCompanion(const std::filesystem::path& scriptPath) {
@@ -27,14 +28,15 @@ std::optional<std::filesystem::path> findCompanion(const std::filesystem::path& 
     std::error_code ec;
     if (std::filesystem::is_regular_file(wanted, ec))
         return wanted;
-    const std::string stem = wanted.stem().string();
+    const std::string stem = platform::utf8(wanted.stem());
     const std::filesystem::path folder = wanted.parent_path().empty() ? "." : wanted.parent_path();
     std::optional<std::filesystem::path> found;
     for (auto it = std::filesystem::directory_iterator(folder, ec);
          !ec && it != std::filesystem::directory_iterator(); it.increment(ec)) {
         const auto& name = it->path().filename();
-        if (name.stem().string() == stem && upper(name.extension().string()) == ".EDT" &&
-            it->is_regular_file(ec) && (!found || name < found->filename()))
+        if (platform::utf8(name.stem()) == stem &&
+            upper(platform::utf8(name.extension())) == ".EDT" && it->is_regular_file(ec) &&
+            (!found || name < found->filename()))
             found = it->path(); // several spellings: the first by name, the same every time
     }
     return found;

@@ -14,12 +14,13 @@ std::optional<Error> EdtFile::checkSize(const std::filesystem::path& path, std::
     const std::string title = std::string(kMessageTitle) + " некоректный размер";
     if (size < k.smallestFile())
         return Error{ErrorKind::TooSmall,
-                     "Файл " + path.string() + "\n" + std::string(k.kindLine) + " меньше чем " +
-                         std::to_string(k.smallestFile()) + " байт\nОдна фраза имеет размер " +
-                         std::to_string(k.smallestFile()) + " байт",
+                     "Файл " + platform::utf8(path) + "\n" + std::string(k.kindLine) +
+                         " меньше чем " + std::to_string(k.smallestFile()) +
+                         " байт\nОдна фраза имеет размер " + std::to_string(k.smallestFile()) +
+                         " байт",
                      title};
     if (size > k.largestFile()) {
-        std::string message = "Файл " + path.string() + "\n" + std::string(k.kindLine) +
+        std::string message = "Файл " + platform::utf8(path) + "\n" + std::string(k.kindLine) +
                               " больше чем " + std::to_string(k.largestFile()) + " байт";
         if (!k.limitLine.empty())
             message += "\n" + std::string(k.limitLine);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/error.h"
+#include "platform/files.h"
 #include "speech/edtkind.h"
 
 #include <cstdint>
@@ -45,7 +46,7 @@ public:
     bool isChanged() const { return phrases_ != baseline_; }
     bool isNew() const { return isNew_; }
     const std::filesystem::path& path() const { return path_; }
-    std::string title() const { return path_.filename().string(); }
+    std::string title() const { return platform::utf8(path_.filename()); }
 
     std::optional<int> firstNonEmpty() const;
     std::optional<int> lastNonEmpty() const;
