@@ -5,7 +5,7 @@ WIN_BUILD  ?= build-windows
 JOBS       ?= $(shell nproc)
 EXAMPLE    ?= examples/053.npc
 
-.PHONY: all deps build run run-cli test test-sanitize test-windows windows bench package install format clean
+.PHONY: all deps build run run-cli test test-sanitize test-windows windows package-windows bench package install format clean
 
 all: build
 
@@ -50,6 +50,12 @@ windows:
 # Those tests run under Wine, in a prefix of the build folder, without a display.
 test-windows: windows
 	ctest --test-dir $(WIN_BUILD) --output-on-failure -j $(JOBS)
+
+# The first Windows deliverable: parlex-cli.exe (static, no DLLs) and the README.
+package-windows: windows
+	cd $(WIN_BUILD) && cmake -E copy ../README.md README.md && \
+		cmake -E tar cf parlex-cli-windows-x64.zip --format=zip parlex-cli.exe README.md
+	@echo $(WIN_BUILD)/parlex-cli-windows-x64.zip
 
 bench: build
 	@for b in $(BUILD)/benchmarks/bench_*; do $$b --benchmark_repetitions=5 --benchmark_report_aggregates_only=true; done

@@ -37,7 +37,7 @@ void printHelp(const Command& c, std::ostream& out) {
 } // namespace
 
 int main(int argc, char** argv) {
-    parlex::platform::useUtf8Console();
+    parlex::platform::useUtf8Output();
     std::vector<char*> words(argv + 1, argv + argc);
     Io io{std::cout, std::cerr};
     if (words.empty()) {

@@ -5,8 +5,13 @@
 
 #include <cstdio>
 #include <string>
-#include <sys/wait.h>
 #include <vector>
+#ifdef _WIN32
+#include "platform/files.h"
+#include <windows.h>
+#else
+#include <sys/wait.h>
+#endif
 
 namespace clitest {
 
@@ -23,6 +28,61 @@ inline std::string quote(const std::string& s) {
     return q + "'";
 }
 
+#ifdef _WIN32
+// One word of a command line as the C runtime splits it again.
+inline std::wstring quotedWide(const std::string& utf8) {
+    const std::wstring word = parlex::platform::pathFromUtf8(utf8).wstring();
+    std::wstring out = L"\"";
+    std::size_t backslashes = 0;
+    for (wchar_t c : word) {
+        if (c == L'\\') {
+            ++backslashes;
+            continue;
+        }
+        out.append(c == L'"' ? backslashes * 2 + 1 : backslashes, L'\\');
+        backslashes = 0;
+        out += c;
+    }
+    out.append(backslashes * 2, L'\\');
+    return out + L"\"";
+}
+
+// The program with its output and errors in files, stdin empty.
+inline Run runProgram(const std::string& program, const std::vector<std::string>& args) {
+    testutil::TempDir dir;
+    SECURITY_ATTRIBUTES inherit{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+    const auto open = [&](const char* name, DWORD access, DWORD creation) {
+        return ::CreateFileW((dir / name).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                             &inherit, creation, FILE_ATTRIBUTE_NORMAL, nullptr);
+    };
+    testutil::writeText(dir / "stdin", "");
+    const HANDLE in = open("stdin", GENERIC_READ, OPEN_EXISTING);
+    const HANDLE out = open("stdout", GENERIC_WRITE, CREATE_ALWAYS);
+    const HANDLE err = open("stderr", GENERIC_WRITE, CREATE_ALWAYS);
+    std::wstring line = quotedWide(program);
+    for (const auto& a : args)
+        line += L" " + quotedWide(a);
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = in, startup.hStdOutput = out, startup.hStdError = err;
+    PROCESS_INFORMATION process{};
+    Run run{-1, {}, {}};
+    if (::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                         &startup, &process)) {
+        ::WaitForSingleObject(process.hProcess, INFINITE);
+        DWORD status = 0;
+        ::GetExitCodeProcess(process.hProcess, &status);
+        run.status = static_cast<int>(status);
+        ::CloseHandle(process.hThread);
+        ::CloseHandle(process.hProcess);
+    }
+    ::CloseHandle(in), ::CloseHandle(out), ::CloseHandle(err);
+    run.out = testutil::readText(dir / "stdout");
+    run.err = testutil::readText(dir / "stderr");
+    return run;
+}
+#else
 inline Run runProgram(const std::string& program, const std::vector<std::string>& args) {
     testutil::TempDir dir;
     std::string command = quote(program);
@@ -40,6 +100,7 @@ inline Run runProgram(const std::string& program, const std::vector<std::string>
     run.err = testutil::readText(dir / "stderr");
     return run;
 }
+#endif
 
 inline Run cli(const std::vector<std::string>& args) {
     return runProgram(PARLEX_CLI, args);

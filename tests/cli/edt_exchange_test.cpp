@@ -47,6 +47,9 @@ TEST_F(CliExchange, ExportThenImportLeavesTheFileByteForByte) {
 }
 
 TEST_F(CliExchange, MsgfmtAcceptsTheCatalogue) {
+#ifdef _WIN32
+    GTEST_SKIP() << "gettext's msgfmt is checked on Linux, where the build installs it";
+#endif
     ASSERT_EQ(cli({"edt", "export", edt, "--kind", "npc", "--format", "po", "-o",
                    (dir / "t.po").string()})
                   .status,

@@ -2,10 +2,12 @@
 #include "clirun.h"
 #include "explain/fieldlayout.h"
 #include "npc/npcformat.h"
+#include "text/json.h"
 
 #include <gtest/gtest.h>
 
 using clitest::cli;
+using parlex::text::jsonString;
 
 namespace {
 
@@ -23,7 +25,11 @@ protected:
     std::string put(const std::string& name, const std::vector<std::uint8_t>& bytes) {
         std::filesystem::create_directories((dir / name).parent_path());
         testutil::writeBytes(dir / name, bytes);
-        return (dir / name).string();
+        return native(name);
+    }
+    // The path as the program writes it: with the system's own separators.
+    std::string native(const std::string& name) const {
+        return (dir / name).make_preferred().string();
     }
     std::string lists() const { return (dir / "lists").string(); }
 };
@@ -41,14 +47,14 @@ TEST_F(CliMod, LintExitsByErrorsAndSpeaksJson) {
     EXPECT_EQ(run.out, wrong +
                            ":3:19: error: Spare20: Данный байт у всех существующих НПЦ "
                            "равен \"00\"!\n" +
-                           (dir / "mod/003.npc").string() + ": error: Размер файла " +
-                           (dir / "mod/003.npc").string() + "\nменьше чем 1600 байт\n");
+                           native("mod/003.npc") + ": error: Размер файла " +
+                           native("mod/003.npc") + "\nменьше чем 1600 байт\n");
 
     run = cli({"lint", "--json", wrong, "--lists", lists()});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out,
-              "{\"files\":1,\"findings\":[{\"file\":\"" + wrong +
-                  "\",\"record\":3,\"field\":19,\"severity\":\"error\",\"message\":"
+              "{\"files\":1,\"findings\":[{\"file\":" + jsonString(wrong) +
+                  ",\"record\":3,\"field\":19,\"severity\":\"error\",\"message\":"
                   "\"Spare20: Данный байт у всех существующих НПЦ равен \\\"00\\\"!\"}]}\n");
     EXPECT_EQ(cli({"lint"}).status, 2);
 }
@@ -104,7 +110,7 @@ TEST_F(CliMod, ConvertManyNamesWhatItSkips) {
     const auto ja = put("m/2.npc", testutil::jaBytes());
     auto run = cli({"convert", "--to", "ja", (dir / "m").string(), "--out", (dir / "o").string()});
     EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.out, ub + " -> " + (dir / "o/1.npc").string() + " (ja)\n");
+    EXPECT_EQ(run.out, ub + " -> " + native("o/1.npc") + " (ja)\n");
     EXPECT_EQ(run.err, "parlex-cli: " + ja + ": уже в формате \"ja\", пропущен\n");
     EXPECT_EQ(parlex::npcformat::detectType(testutil::readBytes(dir / "o/1.npc")),
               parlex::NpcFileType::Ja);
@@ -160,11 +166,11 @@ TEST_F(CliMod, InfoDumpAndExplainTakeManyFilesAndFolders) {
 
     run = cli({"info", "--json", a, b});
     EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, "{\"file\":\"" + a +
-                           "\",\"type\":\"ub\",\"typeText\":\"JA2-англ. JA2UB-любая версия\","
-                           "\"records\":50,\"nonEmpty\":1}\n{\"file\":\"" +
-                           b +
-                           "\",\"type\":\"ja\",\"typeText\":\"Агония Власти\",\"records\":49,"
+    EXPECT_EQ(run.out, "{\"file\":" + jsonString(a) +
+                           ",\"type\":\"ub\",\"typeText\":\"JA2-англ. JA2UB-любая версия\","
+                           "\"records\":50,\"nonEmpty\":1}\n{\"file\":" +
+                           jsonString(b) +
+                           ",\"type\":\"ja\",\"typeText\":\"Агония Власти\",\"records\":49,"
                            "\"nonEmpty\":49}\n");
     run = cli({"info", "--json", a});
     EXPECT_TRUE(run.out.starts_with("{\"type\":\"ub\"")) << "one file prints as it always did";
@@ -172,7 +178,8 @@ TEST_F(CliMod, InfoDumpAndExplainTakeManyFilesAndFolders) {
     run = cli({"explain", "--json", "--record", "1", a, b, "--lists", lists()});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(std::ranges::count(run.out, '\n'), 2);
-    EXPECT_TRUE(run.out.starts_with("{\"file\":\"" + a + "\",\"type\":\"ub\",\"records\":[{"))
+    EXPECT_TRUE(
+        run.out.starts_with("{\"file\":" + jsonString(a) + ",\"type\":\"ub\",\"records\":[{"))
         << run.out;
 
     run = cli({"dump", a, b});
@@ -188,7 +195,7 @@ TEST_F(CliMod, ManyFilesPrintInFileOrder) {
     std::string expected;
     for (int i = 0; i < 40; ++i) {
         const auto file = put("many/" + std::to_string(100 + i) + ".npc", script({1 + i % 50}));
-        expected += "{\"file\":\"" + file + "\",\"type\":\"ub\"";
+        expected += "{\"file\":" + jsonString(file) + ",\"type\":\"ub\"";
     }
     const auto run = cli({"info", "--json", (dir / "many").string()});
     EXPECT_EQ(run.status, 0);

@@ -12,8 +12,9 @@ namespace parlex::platform {
 std::optional<int> runProgram(const std::string& program,
                               const std::vector<std::string>& arguments);
 
-// Makes the console show what the program writes as UTF-8 (Windows); nothing where
-// terminals speak UTF-8 already.
-void useUtf8Console();
+// Standard output and error as they are on POSIX systems: the console shows UTF-8,
+// and "\n" stays "\n" (Windows would write CR LF in text mode). Nothing to do
+// elsewhere.
+void useUtf8Output();
 
 } // namespace parlex::platform

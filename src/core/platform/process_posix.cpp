@@ -39,6 +39,6 @@ std::optional<int> runProgram(const std::string& program,
     return WEXITSTATUS(status);
 }
 
-void useUtf8Console() {}
+void useUtf8Output() {}
 
 } // namespace parlex::platform

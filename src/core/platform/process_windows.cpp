@@ -2,6 +2,10 @@
 
 #include <windows.h>
 
+#include <cstdio>
+#include <fcntl.h>
+#include <io.h>
+
 #include <filesystem>
 
 namespace parlex::platform {
@@ -49,8 +53,10 @@ std::optional<int> runProgram(const std::string& program,
     return static_cast<int>(status);
 }
 
-void useUtf8Console() {
+void useUtf8Output() {
     ::SetConsoleOutputCP(CP_UTF8);
+    ::_setmode(::_fileno(stdout), _O_BINARY);
+    ::_setmode(::_fileno(stderr), _O_BINARY);
 }
 
 } // namespace parlex::platform
