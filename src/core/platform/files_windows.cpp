@@ -174,6 +174,11 @@ Result<void> writeFileAtomic(const fs::path& path, std::span<const std::uint8_t>
             ::SetFileAttributesW(path.c_str(), attributes);
         return writeFailure(code);
     }
+    // The attributes again, for a system whose ReplaceFileW does not carry them over
+    // (Wine's); the read-only mark stays off, as on every other system.
+    if (exists)
+        ::SetFileAttributesW(path.c_str(),
+                             (attributes & ~FILE_ATTRIBUTE_READONLY) | FILE_ATTRIBUTE_ARCHIVE);
     return {};
 }
 
