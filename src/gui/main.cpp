@@ -4,6 +4,7 @@
 #include "mainwindow/mainwindow.h"
 #include "platform/files.h"
 #include "prompts/dialogprompts.h"
+#include "session/pathtext.h"
 #include "settings/locations.h"
 #include "settings/windowsettings.h"
 
@@ -21,7 +22,7 @@ int main(int argc, char** argv) {
     parlex::gui::MainWindow window(prompts, parlex::platform::programDir());
     prompts.setParent(&window);
     window.setAssociation(
-        parlex::systemAssociation(QApplication::applicationFilePath().toStdString()));
+        parlex::systemAssociation(parlex::session::pathOf(QApplication::applicationFilePath())));
     // Read once before the window shows, written once at the end: a crash keeps
     // the settings of the last run that ended.
     const auto settingsFile = parlex::locations(parlex::platform::programDir()).settingsFile;

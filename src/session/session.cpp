@@ -2,6 +2,7 @@
 
 #include "codelists/listwriter.h"
 #include "explain/fieldlayout.h"
+#include "session/pathtext.h"
 #include "settings/locations.h"
 #include "text/numbers.h"
 
@@ -22,10 +23,10 @@ QString q(const std::string& s) {
     return QString::fromStdString(s);
 }
 QString q(const std::filesystem::path& p) {
-    return QString::fromStdString(p.string());
+    return pathText(p);
 }
 std::filesystem::path fsPath(const QString& s) {
-    return std::filesystem::path(s.toStdString());
+    return pathOf(s);
 }
 
 bool samePath(const std::filesystem::path& a, const std::filesystem::path& b) {
@@ -303,9 +304,9 @@ void Session::restore(const Settings& s) {
     options_.findEdtName = s.findEdtName;
     options_.autoLoad = s.autoLoad;
     if (!s.scriptPath.empty())
-        lastPath_ = s.scriptPath;
+        lastPath_ = platform::pathFromUtf8(s.scriptPath);
     if (!s.speechPath.empty())
-        speech_.setRememberedPath(s.speechPath);
+        speech_.setRememberedPath(platform::pathFromUtf8(s.speechPath));
     emit optionsChanged();
 }
 
@@ -324,8 +325,8 @@ Settings Session::remembered(Settings s) const {
     s.rememberPath = options_.rememberPath;
     s.findEdtName = options_.findEdtName;
     s.autoLoad = options_.autoLoad;
-    s.scriptPath = lastPath_.string();
-    s.speechPath = speech_.rememberedPath().string();
+    s.scriptPath = platform::utf8(lastPath_);
+    s.speechPath = platform::utf8(speech_.rememberedPath());
     return s;
 }
 

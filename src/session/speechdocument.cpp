@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 #include "session/options.h"
+#include "session/pathtext.h"
 #include "speech/companion.h"
 #include "speech/decompiler.h"
 #include "text/numbers.h"
@@ -58,7 +59,7 @@ SpeechDocument::SpeechDocument(UserPrompts& prompts, const Options& options,
 // ---------------------------------------------------------------- flows
 
 QString SpeechDocument::startFolder() const {
-    return q((rememberedPath_.empty() ? programDir_ : rememberedPath_.parent_path()).string());
+    return pathText(rememberedPath_.empty() ? programDir_ : rememberedPath_.parent_path());
 }
 
 bool SpeechDocument::askSave() {
@@ -70,7 +71,7 @@ bool SpeechDocument::askSave() {
             return true; // a new document with nothing in it is not worth a question
         name = "Новый EDT файл";
     } else {
-        name = q(edt_->path().string());
+        name = pathText(edt_->path());
     }
     switch (prompts_.question(q(kMessageTitle), "Сохранть " + name + "?", true)) {
     case Answer::Cancel:
@@ -88,11 +89,11 @@ bool SpeechDocument::open() {
     if (!askSave())
         return false;
     auto choice = prompts_.openFile({"ОТКРЫТИЕ (SPEECH).EDT ФАЙЛА...", startFolder(),
-                                     q(rememberedPath_.filename().string()), kOpenFilters, 1});
+                                     pathText(rememberedPath_.filename()), kOpenFilters, 1});
     if (!choice)
         return false;
     const auto kind = kindOfFilter(choice->filterIndex);
-    return openPath(choice->path.toStdString(), kind.value_or(EdtKind::NpcDialogues));
+    return openPath(pathOf(choice->path), kind.value_or(EdtKind::NpcDialogues));
 }
 
 bool SpeechDocument::openPath(const std::filesystem::path& path, EdtKind kind) {
@@ -165,7 +166,7 @@ bool SpeechDocument::decompile() {
         return false;
     }
     const UserPrompts::FileRequest request{"ДЕКОМПИЛИРОВАТЬ EDT ФАЙЛ И СОХРАНИТЬ КАК...",
-                                           q(programDir_.string()),
+                                           pathText(programDir_),
                                            "Quotes.txt",
                                            {{"*.txt", "*.txt", "txt"}, {"все файлы (*.*)", "*"}},
                                            1};
@@ -193,7 +194,7 @@ void SpeechDocument::followScript(const std::filesystem::path& scriptPath) {
     if (const auto found = findCompanion(scriptPath))
         openPath(*found, EdtKind::NpcDialogues);
     else
-        emit companionMissing(q(companion.filename().string()));
+        emit companionMissing(pathText(companion.filename()));
 }
 
 // ---------------------------------------------------------------- the pane

@@ -1,6 +1,7 @@
 #include "session/userprompts.h"
 
 #include "platform/files.h"
+#include "session/pathtext.h"
 
 namespace parlex::session {
 
@@ -11,11 +12,11 @@ UserPrompts::saveTarget(const FileRequest& request,
         const auto choice = saveFile(request);
         if (!choice)
             return std::nullopt;
-        std::filesystem::path path = choice->path.toStdString();
+        std::filesystem::path path = pathOf(choice->path);
         const auto index = static_cast<std::size_t>(choice->filterIndex - 1);
         if (index < request.filters.size() && !request.filters[index].defaultSuffix.isEmpty() &&
             !path.has_extension())
-            path += "." + request.filters[index].defaultSuffix.toStdString();
+            path += pathOf("." + request.filters[index].defaultSuffix);
         const SaveTarget target{path, choice->filterIndex};
         if (platform::driveKind(path) == platform::DriveKind::ReadOnly)
             tell(platform::readOnlyDriveError(path, true));

@@ -253,7 +253,7 @@ std::string settingsText(const Settings& s) {
 
 bool rememberedPathUsable(const std::string& path) {
     std::error_code ec;
-    const std::filesystem::path p(path);
+    const std::filesystem::path p = platform::pathFromUtf8(path);
     return std::filesystem::exists(p, ec) && platform::driveKind(p) == platform::DriveKind::Fixed;
 }
 

@@ -2,6 +2,7 @@
 #include "editor/editdialog.h"
 #include "mainwindow/mainwindow.h"
 #include "platform/files.h"
+#include "session/pathtext.h"
 #include "settings/optionsdialog.h"
 
 #include <QDesktopServices>
@@ -41,7 +42,7 @@ void MainWindow::openHelp() {
     for (const auto& path : helpFiles(session_.programDir())) {
         if (!platform::fileExists(path))
             continue;
-        const QString file = QString::fromStdString(path.string());
+        const QString file = session::pathText(path);
         if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file)))
             prompts_.message(Icon::Exclamation, kTitle,
                              "Не удается открыть файл справки " + file +

@@ -1,5 +1,6 @@
 #include "mainwindow/statuspanels.h"
 
+#include "platform/files.h"
 #include "text/pathfit.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ void StatusPanels::setPath(int panel, const std::filesystem::path& path, int spa
     QLabel* shown = label(panel);
     const QFontMetrics metrics(shown->font());
     const std::string fitted =
-        text::fitPath(path.string(), path.filename().string(),
+        text::fitPath(platform::utf8(path), platform::utf8(path.filename()),
                       shown->contentsRect().width() - std::max(0, shown->indent()), spare,
                       [&](std::string_view s) {
                           return metrics.horizontalAdvance(
