@@ -1,8 +1,14 @@
 # Installation with the usual Linux layout, and the Debian package (`make package`).
 set(DESKTOP_DIR ${PROJECT_SOURCE_DIR}/resources/desktop)
 
-install(TARGETS parlex-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-if(TARGET parlex)
+# Windows programs live in one folder with everything they need; Linux ones in bin/.
+if(WIN32)
+    install(TARGETS parlex-cli RUNTIME DESTINATION .)
+else()
+    install(TARGETS parlex-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+# On Windows the window installs itself beside its Qt (src/gui); the rest is Linux's.
+if(TARGET parlex AND NOT WIN32)
     install(TARGETS parlex RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(FILES ${PROJECT_SOURCE_DIR}/resources/Parlex.html
             DESTINATION ${CMAKE_INSTALL_DATADIR}/parlex)
