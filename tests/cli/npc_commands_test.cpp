@@ -1,5 +1,6 @@
 #include "clirun.h"
 #include "npc/npcformat.h"
+#include "platform/files.h"
 
 #include <gtest/gtest.h>
 
@@ -130,6 +131,22 @@ TEST(Example, BundledScriptIsWhatTheGeneratorWrites) {
     auto run = clitest::runProgram(PARLEX_MAKE_EXAMPLE, {(dir / "053.npc").string()});
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(testutil::readBytes(dir / "053.npc"), testutil::readBytes(PARLEX_EXAMPLE));
+}
+
+} // namespace
+
+namespace {
+
+// A Cyrillic name given on the command line, opened, set and saved.
+TEST(CliNames, ACyrillicFileNameIsOpenedSetAndSaved) {
+    TempDir dir;
+    const auto file = dir.path() / parlex::platform::pathFromUtf8("Тест.npc");
+    testutil::writeBytes(file, testutil::script({1}));
+    const std::string name = parlex::platform::utf8(file);
+    EXPECT_EQ(cli({"set", name, "--record", "1", "--byte", "13", "--value", "40"}).status, 0);
+    EXPECT_EQ(testutil::readBytes(file)[12], 40);
+    const auto info = cli({"info", "--json", parlex::platform::utf8(dir.path())});
+    EXPECT_NE(info.out.find("Тест.npc"), std::string::npos) << info.out;
 }
 
 } // namespace

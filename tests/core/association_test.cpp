@@ -61,7 +61,11 @@ private:
 class Win32Store : public Store {
 public:
     Win32Store() { clear(); }
-    ~Win32Store() override { clear(); }
+    // PARLEX_KEEP_REGISTRY=1 leaves the last state for a look with `reg query`.
+    ~Win32Store() override {
+        if (!std::getenv("PARLEX_KEEP_REGISTRY"))
+            clear();
+    }
     std::unique_ptr<FileAssociation> copyAt(const fs::path& program) override {
         return std::make_unique<RegistryAssociation>(registry_, program.string());
     }

@@ -126,6 +126,11 @@ Result<std::vector<std::uint8_t>> readFile(const fs::path& path) {
 
 Result<void> writeFileAtomic(const fs::path& path, std::span<const std::uint8_t> bytes) {
     const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(L".");
+    // A folder in place of the file is refused before anything is written (Wine's
+    // ReplaceFileW would put the new file inside it).
+    if (const DWORD found = ::GetFileAttributesW(path.c_str());
+        found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY))
+        return writeFailure(ERROR_ACCESS_DENIED);
     // A temporary file in the same folder, with a short name of its own.
     fs::path temporary;
     HANDLE file = INVALID_HANDLE_VALUE;
