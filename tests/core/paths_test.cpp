@@ -32,3 +32,20 @@ TEST(Paths, CyrillicNamesAreReadSavedAndShownAsTyped) {
 }
 
 } // namespace
+
+namespace {
+
+// A bare file name, as typed on a command line, is saved in the current folder.
+TEST(Paths, ABareNameIsSavedInTheCurrentFolder) {
+    testutil::TempDir dir;
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(dir.path());
+    const auto bare = platform::pathFromUtf8("Тест.npc");
+    testutil::writeBytes(dir.path() / bare, std::vector<std::uint8_t>(1600, 1));
+    const auto saved = platform::writeFileAtomic(bare, std::string(1600, '\2'));
+    std::filesystem::current_path(before);
+    ASSERT_TRUE(saved) << saved.error().message;
+    EXPECT_EQ(testutil::readBytes(dir.path() / bare), std::vector<std::uint8_t>(1600, 2));
+}
+
+} // namespace

@@ -124,7 +124,11 @@ Result<std::vector<std::uint8_t>> readFile(const fs::path& path) {
     return data;
 }
 
-Result<void> writeFileAtomic(const fs::path& path, std::span<const std::uint8_t> bytes) {
+Result<void> writeFileAtomic(const fs::path& given, std::span<const std::uint8_t> bytes) {
+    // Whole paths: ReplaceFileW refuses a bare file name (ERROR_DIRECTORY).
+    std::error_code ec;
+    const fs::path absolute = fs::absolute(given, ec);
+    const fs::path& path = ec ? given : absolute;
     const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(L".");
     // A folder in place of the file is refused before anything is written (Wine's
     // ReplaceFileW would put the new file inside it).
