@@ -52,6 +52,7 @@ windows:
 # program it would cost seconds each.
 WINE_ENV = WINEPREFIX=$(CURDIR)/$(WIN_BUILD)/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
 test-windows: windows
+	mkdir -p $(WIN_BUILD)/wine
 	$(WINE_ENV) /usr/lib/wine/wineserver64 -p
 	$(WINE_ENV) /usr/lib/wine/wine64 cmd /c exit
 	$(WINE_ENV) ctest --test-dir $(WIN_BUILD) --output-on-failure -j $(JOBS); \
