@@ -2,6 +2,7 @@
 #include "cli/commands.h"
 #include "platform/process.h"
 
+#include <filesystem>
 #include <iostream>
 #include <vector>
 
@@ -73,10 +74,13 @@ int main(int argc, char** argv) {
         for (const Command* c : allCommands())
             group = group || std::string_view(c->name).starts_with(std::string(first) + " ");
         if (group && (words.size() == 1 || std::string_view(words[1]) == "--help")) {
+            // Asked for, the list is the answer; without a subcommand it is a complaint.
+            const bool asked = words.size() > 1;
+            std::ostream& out = asked ? std::cout : std::cerr;
             for (const Command* c : allCommands())
                 if (std::string_view(c->name).starts_with(std::string(first) + " "))
-                    std::cout << "parlex-cli " << c->usage << "\n    " << c->summary << "\n";
-            return words.size() == 1 ? kUsage : kOk;
+                    out << "parlex-cli " << c->usage << "\n    " << c->summary << "\n";
+            return asked ? kOk : kUsage;
         }
         std::cerr << "parlex-cli: неизвестная команда \"" << first
                   << "\". Список команд: parlex-cli --help\n";
@@ -90,5 +94,16 @@ int main(int argc, char** argv) {
         printHelp(*command, std::cout);
         return kOk;
     }
-    return command->run(args, io);
+    // A list folder that is not there would quietly mean the built-in lists.
+    if (const auto lists = args.value("--lists");
+        lists && !std::filesystem::is_directory(pathArg(*lists)))
+        return usage(command->name, "--lists: папки " + *lists + " нет", io);
+    const int status = command->run(args, io);
+    // Output that could not be written (a full disk, a closed pipe) is a failure.
+    std::cout.flush();
+    if (!std::cout) {
+        std::cerr << "parlex-cli: не удалось записать результат в стандартный вывод\n";
+        return kFailed;
+    }
+    return status;
 }

@@ -31,7 +31,11 @@ protected:
     std::string native(const std::string& name) const {
         return (dir / name).make_preferred().string();
     }
-    std::string lists() const { return (dir / "lists").string(); }
+    // An empty list folder: the built-in lists, whatever the program's folder holds.
+    std::string lists() const {
+        std::filesystem::create_directories(dir / "lists");
+        return (dir / "lists").string();
+    }
 };
 
 TEST_F(CliMod, LintExitsByErrorsAndSpeaksJson) {

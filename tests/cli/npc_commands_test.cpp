@@ -150,3 +150,35 @@ TEST(CliNames, ACyrillicFileNameIsOpenedSetAndSaved) {
 }
 
 } // namespace
+
+namespace {
+
+// What a shell sees of a wrong call: usage on stderr, and the right exit status.
+TEST(CliConventions, UsageGoesToStderrAndMissingFoldersAreUsageErrors) {
+    const auto group = cli({"edt"});
+    EXPECT_EQ(group.status, 2);
+    EXPECT_EQ(group.out, "");
+    EXPECT_NE(group.err.find("parlex-cli edt show"), std::string::npos);
+    const auto asked = cli({"edt", "--help"});
+    EXPECT_EQ(asked.status, 0);
+    EXPECT_NE(asked.out.find("parlex-cli edt show"), std::string::npos);
+
+    TempDir dir;
+    const auto missing = cli({"lookup", "N", "1", "--lists", (dir / "none").string()});
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_EQ(missing.out, "");
+    EXPECT_NE(missing.err.find("--lists"), std::string::npos);
+    EXPECT_EQ(cli({"lookup", "N", "1", "--lists", dir.path().string()}).status, 0);
+}
+
+#ifndef _WIN32
+TEST(CliConventions, OutputThatCannotBeWrittenIsAFailure) {
+    const std::string command = clitest::quote(PARLEX_CLI) + " dump " +
+                                clitest::quote(PARLEX_EXAMPLE) + " >/dev/full 2>/dev/null";
+    const int status = std::system(command.c_str());
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+}
+#endif
+
+} // namespace
