@@ -8,6 +8,7 @@
 #include <vector>
 #ifdef _WIN32
 #include "platform/files.h"
+#include "platform/process.h"
 #include <windows.h>
 #else
 #include <sys/wait.h>
@@ -29,22 +30,8 @@ inline std::string quote(const std::string& s) {
 }
 
 #ifdef _WIN32
-// One word of a command line as the C runtime splits it again.
 inline std::wstring quotedWide(const std::string& utf8) {
-    const std::wstring word = parlex::platform::pathFromUtf8(utf8).wstring();
-    std::wstring out = L"\"";
-    std::size_t backslashes = 0;
-    for (wchar_t c : word) {
-        if (c == L'\\') {
-            ++backslashes;
-            continue;
-        }
-        out.append(c == L'"' ? backslashes * 2 + 1 : backslashes, L'\\');
-        backslashes = 0;
-        out += c;
-    }
-    out.append(backslashes * 2, L'\\');
-    return out + L"\"";
+    return parlex::platform::commandLineWord(parlex::platform::pathFromUtf8(utf8).wstring());
 }
 
 // The program with its output and errors in files, stdin empty.

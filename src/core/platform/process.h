@@ -12,6 +12,12 @@ namespace parlex::platform {
 std::optional<int> runProgram(const std::string& program,
                               const std::vector<std::string>& arguments);
 
+#ifdef _WIN32
+// One word of a Windows command line, quoted so that the C runtime splits it back
+// into the same word.
+std::wstring commandLineWord(const std::wstring& word);
+#endif
+
 // Standard output and error as they are on POSIX systems: the console shows UTF-8,
 // and "\n" stays "\n" (Windows would write CR LF in text mode). Nothing to do
 // elsewhere.

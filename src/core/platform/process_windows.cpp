@@ -15,8 +15,9 @@ std::wstring wide(const std::string& utf8) {
     return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).wstring();
 }
 
-// One word of a command line as the C runtime splits it again.
-std::wstring quoted(const std::wstring& word) {
+} // namespace
+
+std::wstring commandLineWord(const std::wstring& word) {
     std::wstring out = L"\"";
     std::size_t backslashes = 0;
     for (wchar_t c : word) {
@@ -32,13 +33,11 @@ std::wstring quoted(const std::wstring& word) {
     return out + L"\"";
 }
 
-} // namespace
-
 std::optional<int> runProgram(const std::string& program,
                               const std::vector<std::string>& arguments) {
-    std::wstring line = quoted(wide(program));
+    std::wstring line = commandLineWord(wide(program));
     for (const auto& argument : arguments)
-        line += L" " + quoted(wide(argument));
+        line += L" " + commandLineWord(wide(argument));
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
