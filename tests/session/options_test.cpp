@@ -157,18 +157,6 @@ TEST_F(OptionsTest, TheSpeechFileBoxesPairAndAreStoredAtClosing) {
     }
 }
 
-TEST_F(OptionsTest, TheTabsShowTheirOwnControls) {
-    auto model = open();
-    model.selectTab(2);
-    EXPECT_EQ(model.frameCaption(), QString("Разное"));
-    EXPECT_FALSE(model.onShownTab(OptionBox::Check));
-    for (auto box : {OptionBox::CheckR, OptionBox::CheckA, OptionBox::CheckUS})
-        EXPECT_TRUE(model.onShownTab(box));
-    model.selectTab(1);
-    EXPECT_TRUE(model.onShownTab(OptionBox::Check));
-    EXPECT_FALSE(model.onShownTab(OptionBox::CheckR));
-}
-
 TEST_F(OptionsTest, TheAssociationBoxActsAtOnceAndShowsTheTrueStateAtOpening) {
     EXPECT_EQ(open().box(OptionBox::CheckR), off);
     open().setTicked(OptionBox::CheckR, true);
