@@ -21,6 +21,7 @@ struct Error {
     ErrorKind kind;
     std::string message; // the finished text, line breaks as '\n'
     std::string title{}; // empty: the program's usual message title
+    int systemCode = 0;  // for a failure of the system: its error number (errno, GetLastError)
 };
 
 template <typename T> using Result = std::expected<T, Error>;

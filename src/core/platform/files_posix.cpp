@@ -1,13 +1,16 @@
 #include "platform/files.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/statfs.h>
 #include <sys/statvfs.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace parlex::platform {
@@ -53,10 +56,21 @@ DriveKind driveKind(const fs::path& path) {
 }
 
 std::string driveRoot(const fs::path& path) {
-    fs::path p = existingAncestor(path);
+    std::error_code ec;
+    fs::path p = fs::weakly_canonical(existingAncestor(path), ec);
+    if (ec)
+        p = existingAncestor(path);
     struct stat st {};
     if (::stat(p.c_str(), &st) != 0)
         return p.root_path().string();
+    // The system's own table of mounts knows bind mounts, which share a device with
+    // the file system they show.
+    if (const auto table = readFile("/proc/self/mountinfo")) {
+        const std::string_view text(reinterpret_cast<const char*>(table->data()), table->size());
+        if (std::string point = mountPointOf(text, p, major(st.st_dev), minor(st.st_dev));
+            !point.empty())
+            return point;
+    }
     const dev_t dev = st.st_dev;
     // Climb while the parent still lies on the same device: the top is the mount point.
     while (p.has_relative_path()) {
@@ -69,31 +83,69 @@ std::string driveRoot(const fs::path& path) {
     return p.string();
 }
 
+std::string errorDescription(int errorNumber) {
+    switch (errorNumber) {
+    case ENOENT:
+        return "Нет такого файла или папки";
+    case EACCES:
+    case EPERM:
+        return "Нет прав доступа";
+    case ENOSPC:
+        return "На диске нет места";
+    case EROFS:
+        return "Файловая система только для чтения";
+    case EISDIR:
+        return "На этом месте папка, а не файл";
+    case ENOTDIR:
+        return "Часть пути не является папкой";
+    case ENAMETOOLONG:
+        return "Слишком длинное имя файла";
+    case EDQUOT:
+        return "Превышена дисковая квота";
+    case EIO:
+        return "Ошибка ввода-вывода";
+    case EFBIG:
+        return "Файл больше разрешённого размера";
+    default:
+        return std::strerror(errorNumber);
+    }
+}
+
+namespace {
+
+std::unexpected<Error> readFailure(const fs::path& path, int errorNumber) {
+    return std::unexpected(Error{errorNumber == ENOENT ? ErrorKind::NotFound : ErrorKind::Read,
+                                 readErrorMessage(path, errorNumber),
+                                 {},
+                                 errorNumber});
+}
+
+} // namespace
+
 std::optional<FileStatus> fileStatus(const fs::path& path) {
     struct stat st {};
     if (::stat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode))
         return std::nullopt;
-    return FileStatus{static_cast<std::uintmax_t>(st.st_size),
-                      static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1'000'000'000 +
-                          st.st_mtim.tv_nsec,
+    const auto ns = [](const timespec& t) {
+        return static_cast<std::int64_t>(t.tv_sec) * 1'000'000'000 + t.tv_nsec;
+    };
+    return FileStatus{static_cast<std::uintmax_t>(st.st_size), ns(st.st_mtim), ns(st.st_ctim),
                       static_cast<std::uint64_t>(st.st_ino)};
 }
 
 Result<std::uintmax_t> fileSize(const fs::path& path) {
     struct stat st {};
     if (::stat(path.c_str(), &st) != 0)
-        return fail(errno == ENOENT ? ErrorKind::NotFound : ErrorKind::Read,
-                    readErrorMessage(errno));
+        return readFailure(path, errno);
     if (S_ISDIR(st.st_mode))
-        return fail(ErrorKind::Read, readErrorMessage(EISDIR));
+        return readFailure(path, EISDIR);
     return static_cast<std::uintmax_t>(st.st_size);
 }
 
 Result<std::vector<std::uint8_t>> readFile(const fs::path& path) {
     const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0)
-        return fail(errno == ENOENT ? ErrorKind::NotFound : ErrorKind::Read,
-                    readErrorMessage(errno));
+        return readFailure(path, errno);
     std::vector<std::uint8_t> data;
     std::uint8_t buffer[65536];
     for (;;) {
@@ -103,7 +155,7 @@ Result<std::vector<std::uint8_t>> readFile(const fs::path& path) {
                 continue;
             const int err = errno;
             ::close(fd);
-            return fail(ErrorKind::Read, readErrorMessage(err));
+            return readFailure(path, err);
         }
         if (n == 0)
             break;
@@ -113,45 +165,227 @@ Result<std::vector<std::uint8_t>> readFile(const fs::path& path) {
     return data;
 }
 
-Result<void> writeFileAtomic(const fs::path& path, std::span<const std::uint8_t> bytes) {
-    const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
-    std::string pattern = (folder / ("." + path.filename().string() + ".XXXXXX")).string();
-    const int fd = ::mkstemp(pattern.data());
-    if (fd < 0)
-        return fail(ErrorKind::Write, writeErrorMessage(errno));
-    const auto abandon = [&](int err) {
+namespace {
+
+// Temporary files of a save: ".parlex-" and six random characters, short enough for
+// any file name the folder can hold.
+constexpr std::string_view kTemporaryPrefix = ".parlex-";
+constexpr std::size_t kTemporaryLength = kTemporaryPrefix.size() + 6;
+
+// A stray temporary file must be this old before a save takes it for the leftover
+// of a killed one (a live save holds a lock on its file anyway).
+constexpr std::time_t kStrayAgeSeconds = 10;
+
+std::unexpected<Error> writeFailure(const fs::path& path, int errorNumber) {
+    return std::unexpected(
+        Error{ErrorKind::Write, writeErrorMessage(path, errorNumber), {}, errorNumber});
+}
+
+// A file the size limit of the shell (`ulimit -f`) would otherwise kill the program
+// for: with the signal ignored the write fails with EFBIG like any other.
+void ignoreFileSizeSignal() {
+    static const bool ignored = [] {
+        struct sigaction now {};
+        if (::sigaction(SIGXFSZ, nullptr, &now) == 0 && now.sa_handler == SIG_DFL)
+            ::signal(SIGXFSZ, SIG_IGN);
+        return true;
+    }();
+    (void)ignored;
+}
+
+// The file a path names once every symbolic link on the way is followed; a link that
+// leads nowhere gives the path it points to, so that the save creates that file.
+fs::path followLinks(const fs::path& path) {
+    fs::path p = path;
+    for (int hops = 0; hops < 40; ++hops) {
+        std::error_code ec;
+        if (!fs::is_symlink(p, ec))
+            break;
+        const fs::path next = fs::read_symlink(p, ec);
+        if (ec)
+            break;
+        p = next.is_absolute() ? next : p.parent_path() / next;
+    }
+    return p;
+}
+
+// Removes the temporary files of earlier saves into `folder` that were killed: old
+// enough, and no process holds the lock a live save keeps on its file.
+void removeStrayTemporaries(const fs::path& folder) {
+    std::error_code ec;
+    const std::time_t now = std::time(nullptr);
+    for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        if (name.size() != kTemporaryLength || !name.starts_with(kTemporaryPrefix))
+            continue;
+        struct stat st {};
+        if (::lstat(it->path().c_str(), &st) != 0 || !S_ISREG(st.st_mode) ||
+            now - st.st_mtime < kStrayAgeSeconds)
+            continue;
+        const int fd = ::open(it->path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+        if (fd < 0)
+            continue;
+        if (::flock(fd, LOCK_EX | LOCK_NB) == 0)
+            ::unlink(it->path().c_str());
         ::close(fd);
-        ::unlink(pattern.c_str());
-        return fail(ErrorKind::Write, writeErrorMessage(err));
-    };
+    }
+}
+
+// Writes all of `bytes` at the start of `fd`; an error number, or 0.
+int writeAll(int fd, std::span<const std::uint8_t> bytes) {
+    if (const int injected = SaveFault::at(SaveStep::Write))
+        return injected;
     std::size_t done = 0;
     while (done < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        const ssize_t n =
+            ::pwrite(fd, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
         if (n < 0) {
             if (errno == EINTR)
                 continue;
-            return abandon(errno);
+            return errno;
         }
+        if (n == 0)
+            return EIO;
         done += static_cast<std::size_t>(n);
     }
-    if (::fsync(fd) != 0)
+    return 0;
+}
+
+int syncFile(int fd) {
+    if (const int injected = SaveFault::at(SaveStep::Sync))
+        return injected;
+    return ::fsync(fd) == 0 ? 0 : errno;
+}
+
+int closeFile(int fd) {
+    const int injected = SaveFault::at(SaveStep::Flush);
+    const int closed = ::close(fd) == 0 ? 0 : errno;
+    return injected ? injected : closed;
+}
+
+// The rename itself is an entry of the folder: without this a power loss could
+// bring the old file back. File systems that cannot sync a folder say so; that is
+// no failure of the save, which is done.
+void syncFolder(const fs::path& folder) {
+    if (SaveFault::at(SaveStep::Folder))
+        return;
+    const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0)
+        return;
+    ::fsync(fd);
+    ::close(fd);
+}
+
+// Writes over the file itself: for a file with several names, which all must see the
+// new content, or one whose folder takes no temporary file. Space for a longer file
+// is claimed before the first byte is written, so that a full disk leaves the old
+// content whole; a script is one page and goes down in one write.
+Result<void> writeInPlace(const fs::path& target, std::span<const std::uint8_t> bytes,
+                          const struct stat& old) {
+    int fd = ::open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW);
+    if (fd < 0 && errno == EACCES && old.st_uid == ::geteuid() &&
+        ::chmod(target.c_str(), (old.st_mode & 07777) | S_IWUSR) == 0)
+        fd = ::open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW);
+    if (fd < 0)
+        return writeFailure(target, errno);
+    const auto abandon = [&](int err) {
+        ::close(fd);
+        return writeFailure(target, err);
+    };
+    if (bytes.size() > static_cast<std::uintmax_t>(old.st_size)) {
+        if (const int err = ::posix_fallocate(fd, 0, static_cast<off_t>(bytes.size()));
+            err != 0 && err != EOPNOTSUPP && err != EINVAL)
+            return abandon(err);
+    }
+    if (const int err = writeAll(fd, bytes))
+        return abandon(err);
+    if (::ftruncate(fd, static_cast<off_t>(bytes.size())) != 0)
         return abandon(errno);
-    // Keep the old file's permissions, but writable for its owner; new files get 0644.
-    mode_t mode = 0644;
-    struct stat st {};
-    if (::stat(path.c_str(), &st) == 0)
-        mode = (st.st_mode & 07777) | S_IWUSR;
-    ::fchmod(fd, mode);
-    if (::close(fd) != 0) {
-        const int err = errno;
-        ::unlink(pattern.c_str());
-        return fail(ErrorKind::Write, writeErrorMessage(err));
+    if (const int err = syncFile(fd))
+        return abandon(err);
+    if (const int err = closeFile(fd))
+        return writeFailure(target, err);
+    return {};
+}
+
+// Gives the temporary file the old file's mode (writable for its owner), owner and
+// group; an error number when the system refuses.
+int keepOwnership(int fd, const struct stat* old) {
+    if (const int injected = SaveFault::at(SaveStep::Owner))
+        return injected;
+    const mode_t mode = old ? ((old->st_mode & 07777) | S_IWUSR) : 0644;
+    if (old) {
+        struct stat now {};
+        if (::fstat(fd, &now) != 0)
+            return errno;
+        if ((now.st_uid != old->st_uid || now.st_gid != old->st_gid) &&
+            ::fchown(fd, old->st_uid, old->st_gid) != 0)
+            return errno;
     }
-    if (::rename(pattern.c_str(), path.c_str()) != 0) {
-        const int err = errno;
-        ::unlink(pattern.c_str());
-        return fail(ErrorKind::Write, writeErrorMessage(err));
+    return ::fchmod(fd, mode) == 0 ? 0 : errno;
+}
+
+} // namespace
+
+Result<void> writeFileAtomic(const fs::path& path, std::span<const std::uint8_t> bytes) {
+    ignoreFileSizeSignal();
+    const fs::path target = followLinks(path);
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    struct stat old {};
+    const bool exists = ::stat(target.c_str(), &old) == 0;
+    if (exists && S_ISDIR(old.st_mode))
+        return writeFailure(path, EISDIR);
+    if (exists && S_ISREG(old.st_mode) && old.st_nlink > 1)
+        return writeInPlace(target, bytes, old);
+
+    removeStrayTemporaries(folder);
+    std::string temporary = (folder / (std::string(kTemporaryPrefix) + "XXXXXX")).string();
+    int fd = -1;
+    if (const int injected = SaveFault::at(SaveStep::Create)) {
+        errno = injected;
+    } else {
+        fd = ::mkostemp(temporary.data(), O_CLOEXEC);
     }
+    if (fd < 0) {
+        const int err = errno;
+        // A folder that takes no new file, holding a file that may be written.
+        if (exists && S_ISREG(old.st_mode) && (err == EACCES || err == EPERM))
+            return writeInPlace(target, bytes, old);
+        return writeFailure(path, err);
+    }
+    // The lock tells a later save that this file is not a stray one; it goes with
+    // the process.
+    ::flock(fd, LOCK_EX | LOCK_NB);
+    const auto discard = [&] {
+        ::close(fd);
+        ::unlink(temporary.c_str());
+    };
+    if (const int err = writeAll(fd, bytes)) {
+        discard();
+        return writeFailure(path, err);
+    }
+    if (const int err = keepOwnership(fd, exists ? &old : nullptr)) {
+        discard();
+        // The file itself keeps what it has when it is written over.
+        if (exists && S_ISREG(old.st_mode))
+            return writeInPlace(target, bytes, old);
+        return writeFailure(path, err);
+    }
+    if (const int err = syncFile(fd)) {
+        discard();
+        return writeFailure(path, err);
+    }
+    if (const int err = closeFile(fd)) {
+        ::unlink(temporary.c_str());
+        return writeFailure(path, err);
+    }
+    const int injected = SaveFault::at(SaveStep::Rename);
+    if (injected || ::rename(temporary.c_str(), target.c_str()) != 0) {
+        const int err = injected ? injected : errno;
+        ::unlink(temporary.c_str());
+        return writeFailure(path, err);
+    }
+    syncFolder(folder);
     return {};
 }
 

@@ -25,19 +25,19 @@ std::string systemText(DWORD code) {
     return std::string(u8.begin(), u8.end());
 }
 
-Error systemError(ErrorKind kind, const char* what, DWORD code) {
-    return Error{kind, std::string("Ошибка во время ") + what + ". Error " + std::to_string(code) +
-                           "\n" + systemText(code)};
-}
-
-std::unexpected<Error> readFailure(DWORD code) {
+std::unexpected<Error> readFailure(const fs::path& path, DWORD code) {
     const bool missing = code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
-    return std::unexpected(
-        systemError(missing ? ErrorKind::NotFound : ErrorKind::Read, "чтения файла", code));
+    return std::unexpected(Error{missing ? ErrorKind::NotFound : ErrorKind::Read,
+                                 readErrorMessage(path, static_cast<int>(code)),
+                                 {},
+                                 static_cast<int>(code)});
 }
 
-std::unexpected<Error> writeFailure(DWORD code) {
-    return std::unexpected(systemError(ErrorKind::Write, "сохранения файла", code));
+std::unexpected<Error> writeFailure(const fs::path& path, DWORD code) {
+    return std::unexpected(Error{ErrorKind::Write,
+                                 writeErrorMessage(path, static_cast<int>(code)),
+                                 {},
+                                 static_cast<int>(code)});
 }
 
 // "D:\" or "\\server\share\": the root GetDriveTypeW asks for.
@@ -49,6 +49,37 @@ fs::path rootOf(const fs::path& path) {
 }
 
 } // namespace
+
+std::string errorDescription(int errorNumber) {
+    // ERROR_DISK_QUOTA_EXCEEDED, which not every set of Windows headers names.
+    constexpr DWORD kDiskQuotaExceeded = 1295;
+    switch (static_cast<DWORD>(errorNumber)) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+        return "Нет такого файла или папки";
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+        return "Нет прав доступа";
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+        return "На диске нет места";
+    case ERROR_WRITE_PROTECT:
+        return "Файловая система только для чтения";
+    case ERROR_DIRECTORY:
+        return "На этом месте папка, а не файл";
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_BUFFER_OVERFLOW:
+        return "Слишком длинное имя файла";
+    case kDiskQuotaExceeded:
+        return "Превышена дисковая квота";
+    case ERROR_IO_DEVICE:
+    case ERROR_CRC:
+        return "Ошибка ввода-вывода";
+    default:
+        return systemText(static_cast<DWORD>(errorNumber));
+    }
+}
 
 DriveKind driveKind(const fs::path& path) {
     switch (::GetDriveTypeW(rootOf(path).c_str())) {
@@ -78,6 +109,10 @@ std::optional<FileStatus> fileStatus(const fs::path& path) {
         return std::nullopt;
     BY_HANDLE_FILE_INFORMATION info{};
     const bool known = ::GetFileInformationByHandle(file, &info);
+    // The change time, which no program sets back; not every file system keeps it.
+    FILE_BASIC_INFO basic{};
+    if (!::GetFileInformationByHandleEx(file, FileBasicInfo, &basic, sizeof basic))
+        basic.ChangeTime.QuadPart = 0;
     ::CloseHandle(file);
     if (!known || (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
         return std::nullopt;
@@ -89,15 +124,16 @@ std::optional<FileStatus> fileStatus(const fs::path& path) {
         join(info.ftLastWriteTime.dwHighDateTime, info.ftLastWriteTime.dwLowDateTime);
     return FileStatus{join(info.nFileSizeHigh, info.nFileSizeLow),
                       static_cast<std::int64_t>(written) * 100,
+                      static_cast<std::int64_t>(basic.ChangeTime.QuadPart) * 100,
                       join(info.nFileIndexHigh, info.nFileIndexLow)};
 }
 
 Result<std::uintmax_t> fileSize(const fs::path& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data))
-        return readFailure(::GetLastError());
+        return readFailure(path, ::GetLastError());
     if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
-        return readFailure(ERROR_DIRECTORY);
+        return readFailure(path, ERROR_DIRECTORY);
     return (static_cast<std::uintmax_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
 }
 
@@ -106,7 +142,7 @@ Result<std::vector<std::uint8_t>> readFile(const fs::path& path) {
                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                       nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
-        return readFailure(::GetLastError());
+        return readFailure(path, ::GetLastError());
     std::vector<std::uint8_t> data;
     std::uint8_t buffer[65536];
     for (;;) {
@@ -114,7 +150,7 @@ Result<std::vector<std::uint8_t>> readFile(const fs::path& path) {
         if (!::ReadFile(file, buffer, sizeof buffer, &n, nullptr)) {
             const DWORD code = ::GetLastError();
             ::CloseHandle(file);
-            return readFailure(code);
+            return readFailure(path, code);
         }
         if (n == 0)
             break;
@@ -123,6 +159,33 @@ Result<std::vector<std::uint8_t>> readFile(const fs::path& path) {
     ::CloseHandle(file);
     return data;
 }
+
+namespace {
+
+// Temporary files of a save: "~parlex", the process and a counter, ".tmp".
+constexpr std::wstring_view kTemporaryPrefix = L"~parlex";
+
+// Removes the temporary files that killed saves left in `folder`: a live save holds
+// its file open without sharing, so only an orphan can be opened for deletion.
+void removeStrayTemporaries(const fs::path& folder) {
+    std::error_code ec;
+    for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+        const std::wstring name = it->path().filename().wstring();
+        if (!name.starts_with(kTemporaryPrefix) || !name.ends_with(L".tmp"))
+            continue;
+        const HANDLE file = ::CreateFileW(it->path().c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
+                                          FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+        if (file != INVALID_HANDLE_VALUE)
+            ::CloseHandle(file);
+    }
+}
+
+// A test's fault at `step`, as the system's error code, or 0.
+DWORD injected(SaveStep step) {
+    return static_cast<DWORD>(SaveFault::at(step));
+}
+
+} // namespace
 
 Result<void> writeFileAtomic(const fs::path& given, std::span<const std::uint8_t> bytes) {
     // Whole paths: ReplaceFileW refuses a bare file name (ERROR_DIRECTORY).
@@ -134,25 +197,31 @@ Result<void> writeFileAtomic(const fs::path& given, std::span<const std::uint8_t
     // ReplaceFileW would put the new file inside it).
     if (const DWORD found = ::GetFileAttributesW(path.c_str());
         found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY))
-        return writeFailure(ERROR_ACCESS_DENIED);
+        return writeFailure(given, ERROR_DIRECTORY);
+    removeStrayTemporaries(folder);
     // A temporary file in the same folder, with a short name of its own.
     fs::path temporary;
     HANDLE file = INVALID_HANDLE_VALUE;
+    if (const DWORD code = injected(SaveStep::Create))
+        return writeFailure(given, code);
     for (unsigned attempt = 0; attempt < 100 && file == INVALID_HANDLE_VALUE; ++attempt) {
-        temporary = folder / (L"~parlex" + std::to_wstring(::GetCurrentProcessId()) + L"-" +
-                              std::to_wstring(::GetTickCount() + attempt) + L".tmp");
+        temporary =
+            folder / (std::wstring(kTemporaryPrefix) + std::to_wstring(::GetCurrentProcessId()) +
+                      L"-" + std::to_wstring(::GetTickCount() + attempt) + L".tmp");
         file = ::CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                              FILE_ATTRIBUTE_NORMAL, nullptr);
         if (file == INVALID_HANDLE_VALUE && ::GetLastError() != ERROR_FILE_EXISTS)
-            return writeFailure(::GetLastError());
+            return writeFailure(given, ::GetLastError());
     }
     if (file == INVALID_HANDLE_VALUE)
-        return writeFailure(ERROR_FILE_EXISTS);
+        return writeFailure(given, ERROR_FILE_EXISTS);
     const auto abandon = [&](DWORD code) {
         ::CloseHandle(file);
         ::DeleteFileW(temporary.c_str());
-        return writeFailure(code);
+        return writeFailure(given, code);
     };
+    if (const DWORD code = injected(SaveStep::Write))
+        return abandon(code);
     std::size_t done = 0;
     while (done < bytes.size()) {
         DWORD n = 0;
@@ -161,9 +230,18 @@ Result<void> writeFileAtomic(const fs::path& given, std::span<const std::uint8_t
             return abandon(::GetLastError());
         done += n;
     }
+    if (const DWORD code = injected(SaveStep::Sync))
+        return abandon(code);
     if (!::FlushFileBuffers(file))
         return abandon(::GetLastError());
+    if (const DWORD code = injected(SaveStep::Owner))
+        return abandon(code);
+    const DWORD flushFault = injected(SaveStep::Flush);
     ::CloseHandle(file);
+    if (flushFault) {
+        ::DeleteFileW(temporary.c_str());
+        return writeFailure(given, flushFault);
+    }
 
     // A read-only target is replaced all the same: the mark is taken off first.
     const DWORD attributes = ::GetFileAttributesW(path.c_str());
@@ -171,17 +249,19 @@ Result<void> writeFileAtomic(const fs::path& given, std::span<const std::uint8_t
     if (exists && (attributes & FILE_ATTRIBUTE_READONLY))
         ::SetFileAttributesW(path.c_str(), attributes & ~FILE_ATTRIBUTE_READONLY);
     // ReplaceFileW keeps the target's attributes and access rights.
+    const DWORD renameFault = injected(SaveStep::Rename);
     const bool replaced =
-        exists ? ::ReplaceFileW(path.c_str(), temporary.c_str(), nullptr,
-                                REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0
-               : ::MoveFileExW(temporary.c_str(), path.c_str(),
-                               MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        !renameFault &&
+        (exists ? ::ReplaceFileW(path.c_str(), temporary.c_str(), nullptr,
+                                 REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0
+                : ::MoveFileExW(temporary.c_str(), path.c_str(),
+                                MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0);
     if (!replaced) {
-        const DWORD code = ::GetLastError();
+        const DWORD code = renameFault ? renameFault : ::GetLastError();
         ::DeleteFileW(temporary.c_str());
         if (exists && (attributes & FILE_ATTRIBUTE_READONLY))
             ::SetFileAttributesW(path.c_str(), attributes);
-        return writeFailure(code);
+        return writeFailure(given, code);
     }
     // The attributes again, for a system whose ReplaceFileW does not carry them over
     // (Wine's); the read-only mark stays off, as on every other system.
