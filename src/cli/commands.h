@@ -38,6 +38,9 @@ int report(const Error& error, Io io);
 // The folder of the list files: --lists DIR, else where the program keeps them
 // (beside it when its folder is writable, else in the user's data folder).
 std::filesystem::path listsFolder(const Args& args);
+// The same folder for a command that reads the lists: each list file there must be
+// readable, or the run ends with status 1 and the system's word on it.
+Result<std::filesystem::path> readableListsFolder(const Args& args);
 
 // What a command says about one script: its output (lines ending in "\n"; with
 // --json one object on one line), or why the script cannot be read.

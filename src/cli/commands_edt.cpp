@@ -176,7 +176,7 @@ int runImport(const Args& args, Io io) {
     auto file = EdtFile::load(pathArg(args.positional[0]), *kind);
     if (!file)
         return report(file.error(), io);
-    const auto bytes = platform::readFile(from);
+    const auto bytes = platform::readFileLimited(from, platform::kMaxTextFileSize);
     if (!bytes)
         return report(bytes.error(), io);
     const std::string_view text(reinterpret_cast<const char*>(bytes->data()), bytes->size());

@@ -59,7 +59,10 @@ int runExplain(const Args& args, Io io) {
         if (!only)
             return usage("explain", "номер записи должен быть от 1 до 50", io);
     }
-    const std::filesystem::path folder = listsFolder(args);
+    const auto readable = readableListsFolder(args);
+    if (!readable)
+        return report(readable.error(), io);
+    const std::filesystem::path folder = *readable;
     const bool json = args.has("--json");
     return forEachScript(
         args, "explain",

@@ -22,7 +22,10 @@ int runLookup(const Args& args, Io io) {
     const auto code = parseNumber(args.positional[1], 0, 4294967295LL);
     if (!code)
         return usage("lookup", "код должен быть целым неотрицательным числом", io);
-    io.out << CodeLists(listsFolder(args)).lookup(*key, static_cast<std::uint32_t>(*code)) << "\n";
+    const auto folder = readableListsFolder(args);
+    if (!folder)
+        return report(folder.error(), io);
+    io.out << CodeLists(*folder).lookup(*key, static_cast<std::uint32_t>(*code)) << "\n";
     return kOk;
 }
 
@@ -32,7 +35,10 @@ int runShow(const Args& args, Io io) {
     const auto key = parseListKey(args.positional[0]);
     if (!key)
         return usage("lists show", kBadKey, io);
-    const ListRows rows = CodeLists(listsFolder(args)).rows(*key);
+    const auto folder = readableListsFolder(args);
+    if (!folder)
+        return report(folder.error(), io);
+    const ListRows rows = CodeLists(*folder).rows(*key);
     for (const auto& row : rows.rows)
         io.out << row << "\n";
     if (rows.warning) {

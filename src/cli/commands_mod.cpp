@@ -53,7 +53,10 @@ int runLint(const Args& args, Io io) {
     if (args.positional.empty())
         return usage("lint", "нужен хотя бы один файл .npc или папка", io);
     const auto scripts = scriptsOf(args);
-    const CodeLists lists(listsFolder(args), false);
+    const auto folder = readableListsFolder(args);
+    if (!folder)
+        return report(folder.error(), io);
+    const CodeLists lists(*folder, false);
     const auto findings = mod::lintScripts(scripts, lists);
     return printFindings(findings, scripts.size(), args.has("--json"), io) ? kFailed : kOk;
 }
@@ -65,7 +68,10 @@ int runFind(const Args& args, Io io) {
     if (byCode == args.has("--phrase"))
         return usage("find", "нужен либо --list KEY --code N, либо --phrase N", io);
     const auto scripts = scriptsOf(args);
-    const CodeLists lists(listsFolder(args), false);
+    const auto folder = readableListsFolder(args);
+    if (!folder)
+        return report(folder.error(), io);
+    const CodeLists lists(*folder, false);
     std::vector<mod::Finding> found;
     if (byCode) {
         const auto key = parseListKey(args.value("--list").value_or(""));
@@ -90,7 +96,10 @@ int runFind(const Args& args, Io io) {
 int runDiff(const Args& args, Io io) {
     if (args.positional.size() != 2)
         return usage("diff", "нужны два файла .npc", io);
-    const CodeLists lists(listsFolder(args), false);
+    const auto folder = readableListsFolder(args);
+    if (!folder)
+        return report(folder.error(), io);
+    const CodeLists lists(*folder, false);
     const auto changes =
         mod::diffScripts(pathArg(args.positional[0]), pathArg(args.positional[1]), lists);
     if (!changes) {

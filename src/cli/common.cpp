@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "cli/json.h"
+#include "codelists/codelists.h"
 #include "mod/scripts.h"
 #include "platform/files.h"
 #include "settings/locations.h"
@@ -14,6 +15,13 @@ std::filesystem::path listsFolder(const Args& args) {
     if (auto dir = args.value("--lists"))
         return pathArg(*dir);
     return locations(platform::programDir()).listFolder;
+}
+
+Result<std::filesystem::path> readableListsFolder(const Args& args) {
+    auto folder = listsFolder(args);
+    if (auto unreadable = CodeLists(folder).check())
+        return std::unexpected(*unreadable);
+    return folder;
 }
 
 int report(const Error& error, Io io) {

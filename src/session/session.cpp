@@ -44,6 +44,9 @@ const std::vector<UserPrompts::Filter> kOpenFilters = {{"*.npc", "*.npc"},
 Session::Session(UserPrompts& prompts, std::filesystem::path programDir, QObject* parent)
     : QObject(parent), prompts_(prompts), programDir_(std::move(programDir)),
       lists_(locations(programDir_).listFolder), speech_(prompts, options_, programDir_) {
+    // A list file that cannot be read is said where the lookup happens; the lookup
+    // goes on with an empty list.
+    lists_.setReadErrorHandler([this](const Error& error) { prompts_.tell(error); });
     // Queued: the check may reload the script, which changes what is watched.
     connect(&watcher_, &QFileSystemWatcher::fileChanged, this, &Session::checkDisk,
             Qt::QueuedConnection);

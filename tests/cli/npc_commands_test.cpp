@@ -169,6 +169,21 @@ TEST(CliConventions, UsageGoesToStderrAndMissingFoldersAreUsageErrors) {
     EXPECT_EQ(missing.out, "");
     EXPECT_NE(missing.err.find("--lists"), std::string::npos);
     EXPECT_EQ(cli({"lookup", "N", "1", "--lists", dir.path().string()}).status, 0);
+
+    // A list file there that cannot be read ends every command that reads lists.
+    testutil::writeText(dir / "Items.txt", "1=x\r\n");
+    std::filesystem::resize_file(dir / "Items.txt", std::uintmax_t(1) << 30);
+    for (const auto& args : std::vector<std::vector<std::string>>{{"lookup", "N", "1"},
+                                                                  {"lists", "show", "T"},
+                                                                  {"explain", PARLEX_EXAMPLE},
+                                                                  {"lint", PARLEX_EXAMPLE}}) {
+        auto withLists = args;
+        withLists.insert(withLists.end(), {"--lists", dir.path().string()});
+        const auto refused = cli(withLists);
+        EXPECT_EQ(refused.status, 1) << args[0];
+        EXPECT_EQ(refused.out, "") << args[0];
+        EXPECT_NE(refused.err.find("Items.txt"), std::string::npos) << refused.err;
+    }
 }
 
 #ifndef _WIN32

@@ -7,6 +7,11 @@
 
 #include <gtest/gtest.h>
 #include <thread>
+#include <tuple>
+#ifndef _WIN32
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 using namespace parlex;
 using testutil::TempDir;
@@ -178,6 +183,98 @@ TEST(LookupCode, FilesPutInEditedAndTakenOutCountAtOnce) {
     EXPECT_EQ(lists.lookupCode(4, 12), "три!");
     std::filesystem::remove(dir / "Trigg.txt");
     EXPECT_EQ(lists.lookupCode(4, 12), "Пакос напуган");
+}
+
+TEST(LookupCode, AnEditThatKeepsSizeAndTimeCountsToo) {
+    TempDir dir;
+    CodeLists lists(dir.path());
+    const auto path = dir / "Trigg.txt";
+    writeList(path, {"12=аааа"});
+    EXPECT_EQ(lists.lookupCode(4, 12), "аааа");
+    const auto written = std::filesystem::last_write_time(path);
+    writeList(path, {"12=бббб"}); // as `cp -p` or `touch -r` leave it
+    std::filesystem::last_write_time(path, written);
+    EXPECT_EQ(lists.lookupCode(4, 12), "бббб");
+}
+
+TEST(LookupCode, AListFileInUtf8ReadsAsWritten) {
+    struct Case {
+        const char* name;
+        std::string bytes;
+        const char* text;
+    };
+    const Case cases[] = {
+        {"UTF-8 with a byte-order mark",
+         "\xEF\xBB\xBF"
+         "5=Пять\r\n",
+         "Пять"},
+        {"UTF-8 without one", "5=Пять\n", "Пять"},
+        {"Windows-1251", text::utf8ToCp1251("5=Пять\r\n").value(), "Пять"},
+        {"ASCII", "5=Five\r\n", "Five"},
+        {"a byte-order mark on ASCII",
+         "\xEF\xBB\xBF"
+         "5=Five\r\n",
+         "Five"},
+        {"characters Windows-1251 lacks", "5=日本\r\n", "??"},
+        {"Windows-1251 that is not UTF-8", text::utf8ToCp1251("5=Ёж №1\r\n").value(), "Ёж №1"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        TempDir dir;
+        testutil::writeText(dir / "Npc.txt", c.bytes);
+        const CodeLists lists(dir.path());
+        // Lookup, the list's rows and the character's name agree on what the file says.
+        EXPECT_EQ(lists.lookup(ListKey::N, 5), c.text);
+        const auto rows = lists.rows(ListKey::N);
+        ASSERT_EQ(rows.rows.size(), 1u);
+        EXPECT_EQ(rows.rows[0], std::string("№_5 (05) ") + c.text);
+        EXPECT_EQ(lists.characterNameForTitle("005.npc"), c.text);
+    }
+}
+
+TEST(LookupCode, AFileThatCannotBeReadIsToldOnceAndNeverKept) {
+    TempDir dir;
+    const auto path = dir / "Npc.txt";
+    writeList(path, {"5=Пять"});
+    std::vector<Error> told;
+    CodeLists lists(dir.path());
+    lists.setReadErrorHandler([&](const Error& e) { told.push_back(e); });
+    const auto lookAround = [&] {
+        return std::tuple(lists.lookup(ListKey::N, 5), lists.rows(ListKey::N).rows.size(),
+                          lists.check().has_value());
+    };
+    // Too large to be a list: refused before it is read.
+    std::filesystem::resize_file(path, std::uintmax_t(1) << 30);
+    EXPECT_EQ(lookAround(), std::tuple(std::string("?"), 0u, true));
+    ASSERT_EQ(told.size(), 1u) << "once for the file as it stands";
+    EXPECT_EQ(told[0].kind, ErrorKind::TooLarge);
+    EXPECT_NE(told[0].message.find(platform::utf8(path)), std::string::npos) << told[0].message;
+    writeList(path, {"5=Пять"});
+    EXPECT_EQ(lookAround(), std::tuple(std::string("Пять"), 1u, false));
+#ifndef _WIN32
+    // Unreadable: the system's error, said once, and read again once it can be.
+    ::chmod(dir.path().c_str(), 0755);
+    ::chmod(path.c_str(), 0);
+    const bool root = ::geteuid() == 0;
+    if (root) { // root reads anything: look as somebody else
+        ASSERT_EQ(::seteuid(65534), 0);
+    }
+    const auto unreadable = lookAround();
+    const auto again = lists.lookup(ListKey::N, 5);
+    const auto refusal = CodeLists(dir.path()).check();
+    if (root) {
+        ASSERT_EQ(::seteuid(0), 0);
+    }
+    EXPECT_EQ(unreadable, std::tuple(std::string("?"), 0u, true));
+    EXPECT_EQ(again, "?");
+    ASSERT_EQ(told.size(), 2u);
+    EXPECT_EQ(told[1].message, "Error 13\nНет прав доступа\nФайл: " + platform::utf8(path));
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->message, told[1].message);
+    ::chmod(path.c_str(), 0644);
+    EXPECT_EQ(lookAround(), std::tuple(std::string("Пять"), 1u, false));
+    EXPECT_EQ(told.size(), 2u);
+#endif
 }
 
 TEST(ListRows, BuiltInRowsShowEveryCodeWithItsBytes) {

@@ -191,7 +191,9 @@ TEST(EdtFile, ChangeTestAndRefusals) {
     EXPECT_TRUE(file.isChanged());
     ASSERT_TRUE(file.setPhrase(2, ""));
     EXPECT_FALSE(file.isChanged());
-    for (const char* bad : {"✓", "日", "a\nb", "tab\t"}) {
+    // Characters Windows-1251 lacks, and control characters: C0, DEL and the C1
+    // character that the code page's undefined byte stands for.
+    for (const char* bad : {"✓", "日", "a\nb", "tab\t", "del\x7F", "c1\u0098", "c1\u0085"}) {
         auto r = file.setPhrase(2, bad);
         EXPECT_FALSE(r) << bad;
     }

@@ -189,5 +189,17 @@ TEST_F(SessionTest, ListRowsAndTheirLimitWarning) {
     EXPECT_EQ(prompts.messages[0].icon, Icon::Exclamation);
 }
 
+TEST_F(SessionTest, AListFileThatCannotBeReadIsSaidAsASystemFailure) {
+    const auto list = dir / "Trigg.txt";
+    testutil::writeText(list, "12=x\r\n");
+    std::filesystem::resize_file(list, std::uintmax_t(1) << 30);
+    EXPECT_TRUE(session.listRows(parlex::ListKey::T).empty());
+    ASSERT_EQ(prompts.messages.size(), 1u);
+    EXPECT_TRUE(prompts.messages[0].text.contains(QString::fromStdString(list.string())));
+    testutil::writeText(list, "12=x\r\n");
+    EXPECT_EQ(session.listRows(parlex::ListKey::T).size(), 1u);
+    EXPECT_EQ(prompts.messages.size(), 1u);
+}
+
 } // namespace
 } // namespace sessiontest

@@ -236,7 +236,7 @@ std::optional<std::string> defaultOf(std::string_view text, std::string_view mim
 namespace {
 
 std::optional<std::string> readText(const fs::path& path) {
-    auto bytes = platform::readFile(path);
+    auto bytes = platform::readFileLimited(path, platform::kMaxTextFileSize);
     if (!bytes)
         return std::nullopt;
     return std::string(bytes->begin(), bytes->end());

@@ -67,25 +67,57 @@ const CodeLists::ListFile* CodeLists::overrideFile(ListKey key) const {
         const auto it = cache_.find(key);
         return it == cache_.end() ? nullptr : &it->second;
     }
-    settled_.insert(key);
     const auto path = overridePath(key);
     const auto status = platform::fileStatus(path);
     if (!status) {
+        settled_.insert(key);
         cache_.erase(key);
         return nullptr;
     }
-    if (auto it = cache_.find(key); it != cache_.end() && it->second.status == *status)
+    if (auto it = cache_.find(key); it != cache_.end() && it->second.status == *status) {
+        settled_.insert(key);
         return &it->second;
-
-    ListFile file;
-    file.status = *status;
-    // An unreadable file still counts as there: its list is empty.
-    if (const auto data = platform::readFile(path)) {
-        const std::string_view bytes(reinterpret_cast<const char*>(data->data()), data->size());
-        for (std::string_view raw : text::splitLines(bytes))
-            if (!isSkipped(raw))
-                file.lines.emplace_back(raw);
     }
+    const auto file = readOverride(key, *status);
+    if (file) {
+        told_.erase(key);
+        settled_.insert(key);
+        return *file;
+    }
+    // Said once for each state of the file, so that a lookup per mouse move does not
+    // repeat it; an empty list stands in for the file until it can be read.
+    cache_.erase(key);
+    if (const auto told = told_.find(key); told == told_.end() || told->second != *status) {
+        told_[key] = *status;
+        if (onReadError_)
+            onReadError_(file.error());
+    }
+    static const ListFile kUnreadable{};
+    return &kUnreadable;
+}
+
+Result<const CodeLists::ListFile*>
+CodeLists::readOverride(ListKey key, const platform::FileStatus& status) const {
+    const auto path = overridePath(key);
+    const auto data = platform::readFileLimited(path, platform::kMaxTextFileSize);
+    if (!data) {
+        if (data.error().systemCode == 0)
+            return std::unexpected(data.error());
+        const int code = data.error().systemCode;
+        return std::unexpected(Error{ErrorKind::Read,
+                                     "Error " + std::to_string(code) + "\n" +
+                                         platform::errorDescription(code) +
+                                         "\nФайл: " + platform::utf8(path),
+                                     {},
+                                     code});
+    }
+    ListFile file;
+    file.status = status;
+    const std::string bytes = text::textFileAsCp1251(
+        std::string_view(reinterpret_cast<const char*>(data->data()), data->size()));
+    for (std::string_view raw : text::splitLines(bytes))
+        if (!isSkipped(raw))
+            file.lines.emplace_back(raw);
     for (const std::string& raw : file.lines) {
         const std::string line = cutLine(raw, kLookupLineLimit);
         const auto eq = line.find('=');
@@ -99,6 +131,17 @@ const CodeLists::ListFile* CodeLists::overrideFile(ListKey key) const {
                            text::cp1251ToUtf8(std::string_view(line).substr(eq + 1)));
     }
     return &(cache_[key] = std::move(file));
+}
+
+std::optional<Error> CodeLists::check() const {
+    for (const ListKey key : kAllListKeys) {
+        const auto status = platform::fileStatus(overridePath(key));
+        if (!status)
+            continue;
+        if (const auto file = readOverride(key, *status); !file)
+            return file.error();
+    }
+    return std::nullopt;
 }
 
 std::string CodeLists::lookup(ListKey key, std::uint32_t value) const {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -23,8 +24,11 @@ struct ListRows {
 // The code lists as the program sees them from one folder: a list text file there
 // (Npc.txt, Trigg.txt, ...) replaces the built-in table of its list whole.
 //
-// Files are read on demand. A parsed file is kept until its size, modification time
-// or inode changes, so a file put in, taken out or edited counts at the next lookup.
+// Files are read on demand. A parsed file is kept until its size, modification time,
+// status-change time or inode changes, so a file put in, taken out or edited counts at
+// the next lookup. A file that cannot be read is told to the read-error handler once
+// per state of the file, serves as an empty list, and is never kept: the next lookup
+// tries it again. A file in UTF-8 is read as such (see textFileAsCp1251).
 // A batch run that reads the folder once (`watch` false) is spared that look at the
 // file on every lookup. The lists are not shared between threads: each takes a copy.
 class CodeLists {
@@ -50,6 +54,15 @@ public:
 
     std::filesystem::path overridePath(ListKey key) const;
 
+    // Who hears of a list file that cannot be read: "Error N\n<description>\nФайл: <path>",
+    // or the refusal of a file too large to be a list.
+    void setReadErrorHandler(std::function<void(const Error&)> handler) {
+        onReadError_ = std::move(handler);
+    }
+
+    // Reads every list file of the folder: the first that cannot be read, or nothing.
+    std::optional<Error> check() const;
+
 private:
     // A list file as read: its status when read, its lines (Windows-1251, without
     // empty and ";" lines) and, for lookups, the first text of each code.
@@ -58,13 +71,18 @@ private:
         std::vector<std::string> lines;
         std::unordered_map<std::uint32_t, std::string> texts;
     };
-    // The one reader of list files: nothing when the list has no file.
+    // The one reader of list files: nothing when the list has no file, an empty list
+    // when it cannot be read.
     const ListFile* overrideFile(ListKey key) const;
+    // Reads and keeps a list file; the failure is neither kept nor told.
+    Result<const ListFile*> readOverride(ListKey key, const platform::FileStatus& status) const;
 
     std::filesystem::path folder_;
     bool watch_ = true;
     mutable std::map<ListKey, ListFile> cache_;
     mutable std::set<ListKey> settled_; // without watching: the lists looked for once
+    std::function<void(const Error&)> onReadError_;
+    mutable std::map<ListKey, platform::FileStatus> told_; // failures told, by file state
 };
 
 // The row of a code as the list window shows it.

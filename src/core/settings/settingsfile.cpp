@@ -259,7 +259,8 @@ bool rememberedPathUsable(const std::string& path) {
 
 bool readSettingsFile(const std::filesystem::path& file, Settings& settings,
                       const ScreenTwips& screen) {
-    const auto bytes = platform::readFile(file);
+    // A file too large to be settings is read as none.
+    const auto bytes = platform::readFileLimited(file, platform::kMaxTextFileSize);
     const std::string text = bytes ? std::string(bytes->begin(), bytes->end()) : std::string();
     applySettingsText(text, settings, screen, rememberedPathUsable);
     return !text.empty();

@@ -78,8 +78,12 @@ Result<void> EdtFile::setPhrase(int index, std::string_view utf8) {
     auto bytes = text::utf8ToCp1251(utf8);
     if (!bytes)
         return std::unexpected(bytes.error());
-    if (std::any_of(bytes->begin(), bytes->end(),
-                    [](char c) { return static_cast<unsigned char>(c) < 0x20; }))
+    // C0 controls, DEL, and 0x98: the one byte of the code page that decodes to a C1
+    // control (U+0098); the other C1 controls have no byte at all.
+    if (std::any_of(bytes->begin(), bytes->end(), [](char c) {
+            const auto byte = static_cast<unsigned char>(c);
+            return byte < 0x20 || byte == 0x7F || byte == 0x98;
+        }))
         return fail(ErrorKind::Invalid, "Фраза не может содержать управляющие символы "
                                         "(перевод строки, табуляцию и т. п.).");
     phrases_[index] = std::move(*bytes);

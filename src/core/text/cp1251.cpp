@@ -128,4 +128,28 @@ Result<std::string> utf8ToCp1251(std::string_view utf8) {
     return out;
 }
 
+std::string textFileAsCp1251(std::string_view bytes) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    const bool marked = bytes.starts_with(kByteOrderMark);
+    if (marked)
+        bytes.remove_prefix(kByteOrderMark.size());
+    std::string out;
+    out.reserve(bytes.size());
+    bool beyondAscii = false;
+    for (std::size_t pos = 0; pos < bytes.size();) {
+        const auto ch = nextUtf8(bytes, pos);
+        if (!ch) {
+            if (marked) { // marked as UTF-8 all the same: a broken character is unknown
+                out += '?';
+                ++pos;
+                continue;
+            }
+            return std::string(bytes);
+        }
+        beyondAscii = beyondAscii || *ch >= 0x80;
+        out += static_cast<char>(toCp1251(*ch).value_or('?'));
+    }
+    return marked || beyondAscii ? out : std::string(bytes);
+}
+
 } // namespace parlex::text

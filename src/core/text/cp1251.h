@@ -22,6 +22,12 @@ std::optional<unsigned char> toCp1251(char32_t ch);
 std::string cp1251ToUtf8(std::string_view bytes);
 Result<std::string> utf8ToCp1251(std::string_view utf8);
 
+// The text of a file a user may have saved in either code page, as Windows-1251:
+// UTF-8 when it starts with a byte-order mark (which is dropped) or is valid UTF-8
+// with at least one character beyond ASCII; else Windows-1251 as it stands. Characters
+// that Windows-1251 cannot hold become '?'.
+std::string textFileAsCp1251(std::string_view bytes);
+
 // Decodes one UTF-8 character at `pos`, advancing it; nothing on malformed input.
 std::optional<char32_t> nextUtf8(std::string_view utf8, std::size_t& pos);
 void appendUtf8(std::string& out, char32_t ch);
