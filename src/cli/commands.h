@@ -59,6 +59,15 @@ int forEachScript(const Args& args, std::string_view command,
 // [min, max]; nothing for anything else.
 std::optional<long long> parseValue(std::string_view text, long long min, long long max);
 
+// The one rule for numbers on the command line: `given`, the word of `option` (an
+// option such as "--record", or a name such as "КОД"), must be a whole number in
+// decimal or hex (0x1F) within [min, max]. Anything else is a usage complaint that
+// names the option and its range; then nothing is returned and the caller ends with
+// kUsage. A number in range that does not fit the file at hand is the command's to
+// refuse, with status 1.
+std::optional<long long> numberArg(std::string_view command, std::string_view option,
+                                   std::string_view given, long long min, long long max, Io io);
+
 // Prints a usage complaint and returns kUsage.
 int usage(std::string_view command, std::string_view complaint, Io io);
 

@@ -83,16 +83,15 @@ int runInfo(const Args& args, Io io) {
 int runSet(const Args& args, Io io) {
     if (!args.has("--phrase") || !args.has("--text"))
         return usage("edt set", "нужны параметры --phrase N и --text ТЕКСТ", io);
+    // Any phrase of any kind; past the last of this file's kind, setPhrase refuses.
+    const auto index =
+        numberArg("edt set", "--phrase", *args.value("--phrase"), 0, kNpcLastPhrase, io);
+    if (!index)
+        return kUsage;
     auto loaded = loadArgument(args, "edt set", io);
     if (const int* status = std::get_if<int>(&loaded))
         return *status;
     EdtFile& file = std::get<EdtFile>(loaded);
-    // The phrase number is checked against the file by setPhrase.
-    const auto index = parseNumber(*args.value("--phrase"), -1, 1 << 20);
-    if (!index)
-        return report({ErrorKind::Invalid,
-                       "Номер фразы \"" + *args.value("--phrase") + "\" не является числом."},
-                      io);
     const int n = static_cast<int>(*index);
     if (auto set = file.setPhrase(n, *args.value("--text")); !set)
         return report(set.error(), io);

@@ -55,9 +55,9 @@ void appendJson(std::string& out, const NpcRecord* record, int position,
 int runExplain(const Args& args, Io io) {
     std::optional<long long> only;
     if (auto text = args.value("--record")) {
-        only = parseNumber(*text, 1, 50);
+        only = numberArg("explain", "--record", *text, 1, 50, io);
         if (!only)
-            return usage("explain", "номер записи должен быть от 1 до 50", io);
+            return kUsage;
     }
     const auto readable = readableListsFolder(args);
     if (!readable)

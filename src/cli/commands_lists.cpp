@@ -19,9 +19,9 @@ int runLookup(const Args& args, Io io) {
     const auto key = parseListKey(args.positional[0]);
     if (!key)
         return usage("lookup", kBadKey, io);
-    const auto code = parseNumber(args.positional[1], 0, 4294967295LL);
+    const auto code = numberArg("lookup", "КОД", args.positional[1], 0, 4294967295LL, io);
     if (!code)
-        return usage("lookup", "код должен быть целым неотрицательным числом", io);
+        return kUsage;
     const auto folder = readableListsFolder(args);
     if (!folder)
         return report(folder.error(), io);

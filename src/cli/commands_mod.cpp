@@ -77,14 +77,15 @@ int runFind(const Args& args, Io io) {
         const auto key = parseListKey(args.value("--list").value_or(""));
         if (!key)
             return usage("find", "--list: ключ списка N, T, I, Qi, Qo, A или R", io);
-        const auto code = parseValue(args.value("--code").value_or(""), 0, 65535);
+        const auto code =
+            numberArg("find", "--code", args.value("--code").value_or(""), 0, 65535, io);
         if (!code)
-            return usage("find", "--code: число от 0 до 65535", io);
+            return kUsage;
         found = mod::findCode(scripts, *key, static_cast<std::uint32_t>(*code), lists);
     } else {
-        const auto phrase = parseValue(*args.value("--phrase"), 0, 255);
+        const auto phrase = numberArg("find", "--phrase", *args.value("--phrase"), 0, 255, io);
         if (!phrase)
-            return usage("find", "--phrase: число от 0 до 255", io);
+            return kUsage;
         found = mod::findPhrase(scripts, static_cast<int>(*phrase), lists);
     }
     const bool any = std::ranges::any_of(

@@ -64,11 +64,8 @@ int runDump(const Args& args, Io io) {
 
 // The field of "--byte B": byte B (1-32, as the status bar counts) belongs to it;
 // bytes 29-32 are set one by one.
-std::optional<int> fieldOfByte(const std::string& given) {
-    const auto byte = parseNumber(given, 1, static_cast<long long>(kRecordSize));
-    if (!byte)
-        return std::nullopt;
-    const int index = static_cast<int>(*byte) - 1;
+int fieldOfByte(int byte) {
+    const int index = byte - 1;
     return editableFieldWidth(index) ? index : fieldAt(index).index;
 }
 
@@ -80,21 +77,28 @@ int runSet(const Args& args, Io io) {
             return usage("set", std::string("не задан параметр ") + name, io);
     if (args.has("--field") == args.has("--byte"))
         return usage("set", "нужен либо --field F, либо --byte B", io);
-    const auto record = parseNumber(*args.value("--record"), 1, kPositions);
+    const auto record = numberArg("set", "--record", *args.value("--record"), 1, kPositions, io);
+    if (!record)
+        return kUsage;
     const std::string place = args.value("--field").value_or(args.value("--byte").value_or(""));
-    const auto field = args.has("--field") ? fieldByName(place) : fieldOfByte(place);
-    const auto value = parseValue(*args.value("--value"), 0, 4294967295LL);
+    std::optional<int> field;
+    if (args.has("--byte")) {
+        const auto byte = numberArg("set", "--byte", place, 1, kRecordSize, io);
+        if (!byte)
+            return kUsage;
+        field = fieldOfByte(static_cast<int>(*byte));
+    } else {
+        field = fieldByName(place);
+    }
     if (!field || !editableFieldWidth(*field))
-        return report({ErrorKind::Invalid, fieldRefusal("\"" + place + "\"")}, io);
+        return usage("set", "--field: " + fieldRefusal("\"" + place + "\""), io);
+    const auto value = numberArg("set", "--value", *args.value("--value"), 0, 4294967295LL, io);
     if (!value)
-        return report({ErrorKind::Invalid, "Значение \"" + *args.value("--value") +
-                                               "\" не является целым неотрицательным числом "
-                                               "(десятичным или 0x...)."},
-                      io);
+        return kUsage;
     auto file = NpcFile::load(pathArg(args.positional[0]));
     if (!file)
         return report(file.error(), io);
-    if (!record || !file->hasRecordAt(static_cast<int>(*record)))
+    if (!file->hasRecordAt(static_cast<int>(*record)))
         return report(
             {ErrorKind::Invalid, file->positionRefusal("\"" + *args.value("--record") + "\"")}, io);
     NpcRecord changed = file->record(static_cast<std::size_t>(*record - 1));

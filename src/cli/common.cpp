@@ -78,6 +78,18 @@ std::optional<long long> parseValue(std::string_view text, long long min, long l
     return value;
 }
 
+std::optional<long long> numberArg(std::string_view command, std::string_view option,
+                                   std::string_view given, long long min, long long max, Io io) {
+    if (auto value = parseValue(given, min, max))
+        return value;
+    usage(command,
+          std::string(option) + ": \"" + std::string(given) +
+              "\" не подходит, нужно целое число от " + std::to_string(min) + " до " +
+              std::to_string(max) + " (десятичное или 0x...)",
+          io);
+    return std::nullopt;
+}
+
 int usage(std::string_view command, std::string_view complaint, Io io) {
     io.err << "parlex-cli " << command << ": " << complaint << "\nПодробности: parlex-cli "
            << command << " --help\n";

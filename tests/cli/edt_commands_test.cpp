@@ -19,6 +19,10 @@ TEST(CliEdt, NewSetShowInfoRoundTrip) {
     ASSERT_EQ(
         cli({"edt", "set", f, "--kind", "rem", "--phrase", "7", "--text", "Ещё \"раз\""}).status,
         0);
+    // A phrase number any kind has, past the last of this one: refused by the file.
+    const auto past = cli({"edt", "set", f, "--kind", "rem", "--phrase", "35", "--text", "x"});
+    EXPECT_EQ(past.status, 1);
+    EXPECT_NE(past.err.find("от 0 до 34"), std::string::npos) << past.err;
     EXPECT_EQ(cli({"edt", "show", f, "--kind", "rem"}).out, "003: я тут\n007: Ещё \"раз\"\n");
     auto json = cli({"edt", "show", f, "--kind", "rem", "--json"});
     EXPECT_TRUE(json.out.starts_with(
@@ -46,10 +50,9 @@ TEST(CliEdt, EmptyFileInfoHasNullsAndRefusalsLeaveTheFile) {
         std::vector<std::string> args;
         int status;
     } cases[] = {
-        {{"--phrase", "143", "--text", "x"}, 1},
-        {{"--phrase", "-1", "--text", "x"}, 1},
-        {{"--phrase", "1", "--text", "✓"}, 1},
-        {{"--phrase", "1"}, 2},
+        {{"--phrase", "143", "--text", "x"}, 2}, // past every kind: outside the option's range
+        {{"--phrase", "-1", "--text", "x"}, 2},  {{"--phrase", "x", "--text", "x"}, 2},
+        {{"--phrase", "1", "--text", "✓"}, 1},   {{"--phrase", "1"}, 2},
     };
     for (const auto& c : cases) {
         std::vector<std::string> args{"edt", "set", f, "--kind", "npc"};

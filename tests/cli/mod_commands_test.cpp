@@ -139,8 +139,8 @@ TEST_F(CliMod, SetTakesTheByteAsTheStatusBarCountsAndHexValues) {
         {{"--byte", "3"}, "258", 0, {{2, 0x02}, {3, 0x01}}},
         {{"--byte", "31"}, "0XAB", 0, {{30, 0xAB}, {28, 0x00}}},
         {{"--field", "PhraseFirst"}, "0x0a", 0, {{13, 0x0A}}},
-        {{"--byte", "33"}, "1", 1, {}},
-        {{"--byte", "14"}, "0x", 1, {}},
+        {{"--byte", "33"}, "1", 2, {}},
+        {{"--byte", "14"}, "0x", 2, {}},
         {{"--byte", "14"}, "0x100", 1, {}},
         {{"--byte", "14", "--field", "13"}, "1", 2, {}},
     };
