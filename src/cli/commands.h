@@ -68,6 +68,12 @@ std::optional<long long> parseValue(std::string_view text, long long min, long l
 std::optional<long long> numberArg(std::string_view command, std::string_view option,
                                    std::string_view given, long long min, long long max, Io io);
 
+// The refusal to write `output` over a file that exists, unless --yes was given:
+// "Файл …\nуже существует. Чтобы заменить его, добавьте --yes.". With `onlyGameFiles`
+// only a file that holds a script or a speech file is guarded.
+std::optional<Error> overwriteRefusal(const std::filesystem::path& output, const Args& args,
+                                      bool onlyGameFiles = false);
+
 // Prints a usage complaint and returns kUsage.
 int usage(std::string_view command, std::string_view complaint, Io io);
 

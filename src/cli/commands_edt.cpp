@@ -34,6 +34,17 @@ std::variant<EdtFile, int> loadArgument(const Args& args, std::string_view comma
     return std::move(*file);
 }
 
+// A file whose end makes no whole phrase of the kind given is rewritten only with
+// --force: the status of the refusal, or 0.
+int refuseLoss(const EdtFile& file, const Args& args, Io io) {
+    if (file.bytesLostOnSave() == 0 || args.has("--force"))
+        return 0;
+    return report({ErrorKind::Invalid,
+                   file.lossWarning() + "\nПроверьте --kind; чтобы сохранить всё равно, добавьте "
+                                        "--force."},
+                  io);
+}
+
 int runShow(const Args& args, Io io) {
     auto loaded = loadArgument(args, "edt show", io);
     if (const int* status = std::get_if<int>(&loaded))
@@ -92,6 +103,8 @@ int runSet(const Args& args, Io io) {
     if (const int* status = std::get_if<int>(&loaded))
         return *status;
     EdtFile& file = std::get<EdtFile>(loaded);
+    if (const int refused = refuseLoss(file, args, io))
+        return refused;
     const int n = static_cast<int>(*index);
     if (auto set = file.setPhrase(n, *args.value("--text")); !set)
         return report(set.error(), io);
@@ -111,11 +124,8 @@ int runNew(const Args& args, Io io) {
                      args.positional.size() != 1 ? "нужен ровно один файл .edt" : kKindComplaint,
                      io);
     const std::filesystem::path path = pathArg(args.positional[0]);
-    if (platform::fileExists(path) && !args.has("--yes"))
-        return report(
-            {ErrorKind::Exists, "Файл " + platform::utf8(path) +
-                                    "\nуже существует. Чтобы заменить его, добавьте --yes."},
-            io);
+    if (auto refused = overwriteRefusal(path, args))
+        return report(*refused, io);
     EdtFile file = EdtFile::makeNew(*kind);
     if (auto saved = file.saveAs(path); !saved)
         return report(saved.error(), io);
@@ -125,10 +135,16 @@ int runNew(const Args& args, Io io) {
 int runDecompile(const Args& args, Io io) {
     if (args.positional.size() != 2)
         return usage("edt decompile", "нужны файл .edt и файл результата", io);
-    auto file = EdtFile::load(pathArg(args.positional[0]), EdtKind::NpcDialogues);
+    const std::filesystem::path from = pathArg(args.positional[0]);
+    const std::filesystem::path to = pathArg(args.positional[1]);
+    if (platform::samePath(from, to))
+        return usage("edt decompile", "файл результата - это сам файл .edt", io);
+    auto file = EdtFile::load(from, EdtKind::NpcDialogues);
     if (!file)
         return report(file.error(), io);
-    if (auto written = decompileToFile(*file, pathArg(args.positional[1])); !written)
+    if (auto refused = overwriteRefusal(to, args))
+        return report(*refused, io);
+    if (auto written = decompileToFile(*file, to); !written)
         return report(written.error(), io);
     return kOk;
 }
@@ -156,6 +172,9 @@ int runExport(const Args& args, Io io) {
         io.out << text;
         return kOk;
     }
+    // An older export is replaced; a script or a speech file only with --yes.
+    if (auto refused = overwriteRefusal(pathArg(target), args, true))
+        return report(*refused, io);
     if (auto written = platform::writeFileAtomic(pathArg(target), text); !written)
         return report(written.error(), io);
     io.out << target << "\n";
@@ -175,6 +194,8 @@ int runImport(const Args& args, Io io) {
     auto file = EdtFile::load(pathArg(args.positional[0]), *kind);
     if (!file)
         return report(file.error(), io);
+    if (const int refused = refuseLoss(*file, args, io))
+        return refused;
     const auto bytes = platform::readFileLimited(from, platform::kMaxTextFileSize);
     if (!bytes)
         return report(bytes.error(), io);
@@ -203,10 +224,13 @@ int runImport(const Args& args, Io io) {
 }
 
 constexpr OptionSpec kShowOptions[] = {{"--kind", true}, {"--json", false}};
-constexpr OptionSpec kExportOptions[] = {{"--kind", true}, {"--format", true}, {"-o", true}};
-constexpr OptionSpec kImportOptions[] = {{"--kind", true}};
-constexpr OptionSpec kSetOptions[] = {{"--kind", true}, {"--phrase", true}, {"--text", true}};
+constexpr OptionSpec kExportOptions[] = {
+    {"--kind", true}, {"--format", true}, {"-o", true}, {"--yes", false}};
+constexpr OptionSpec kImportOptions[] = {{"--kind", true}, {"--force", false}};
+constexpr OptionSpec kSetOptions[] = {
+    {"--kind", true}, {"--phrase", true}, {"--text", true}, {"--force", false}};
 constexpr OptionSpec kNewOptions[] = {{"--kind", true}, {"--yes", false}};
+constexpr OptionSpec kDecompileOptions[] = {{"--yes", false}};
 
 constexpr std::string_view kKinds =
     "KIND: npc - диалоги НПЦ (143 фразы по 480 байт), civ - диалоги гражданских\n"
@@ -223,32 +247,34 @@ constexpr Command kCommands[] = {
      "--json: ключи kind, phrases, nonEmpty, first, last (null, если фраз нет),\n"
      "sizeOnDisk, sizeAfterSave.",
      kShowOptions, runInfo},
-    {"edt set", "edt set FILE.edt --kind KIND --phrase N --text TEXT",
+    {"edt set", "edt set FILE.edt --kind KIND --phrase N --text TEXT [--force]",
      "заменяет одну фразу и сохраняет файл",
      "Символы вне Windows-1251 и номер фразы вне файла: код 1, файл не изменяется.\n"
+     "Файл, размер которого не кратен размеру фразы вида, переписывается только с\n"
+     "--force: байты в конце, не составляющие фразы, пропадут.\n"
      "Фраза длиннее предела вида (240 или 160 символов) обрезается при сохранении.",
      kSetOptions, runSet},
     {"edt new", "edt new FILE.edt --kind KIND [--yes]", "записывает пустой файл этого вида", kKinds,
      kNewOptions, runNew},
-    {"edt decompile",
-     "edt decompile FILE.edt OUT.txt",
+    {"edt decompile", "edt decompile FILE.edt OUT.txt [--yes]",
      "раскомпилирует диалоги НПЦ в текст (Windows-1251, CR LF)",
-     "",
-     {},
-     runDecompile},
-    {"edt export", "edt export FILE.edt --kind KIND --format json|po [-o OUT]",
+     "Существующий OUT.txt заменяется только с --yes; OUT.txt не может быть самим FILE.edt.",
+     kDecompileOptions, runDecompile},
+    {"edt export", "edt export FILE.edt --kind KIND --format json|po [-o OUT] [--yes]",
      "фразы файла в JSON (формат модов открытого движка) или в каталог gettext (.po)",
      "json: массив строк UTF-8, по одной на каждую фразу вида (\"\" для пустой).\n"
      "po: запись на каждую непустую фразу: msgctxt - номер фразы (три цифры), msgid -\n"
      "фраза, пустой msgstr; для фраз 0-10 диалогов НПЦ комментарий \"#.\" с ролью фразы.\n"
-     "OUT по умолчанию FILE.edt.json или FILE.edt.po; -o - пишет в stdout.",
+     "OUT по умолчанию FILE.edt.json или FILE.edt.po; -o - пишет в stdout.\n"
+     "Скрипт или файл фраз на месте OUT заменяется только с --yes.",
      kExportOptions, runExport},
-    {"edt import", "edt import FILE.edt --kind KIND FROM",
+    {"edt import", "edt import FILE.edt --kind KIND FROM [--force]",
      "фразы из FROM (.json или .po) в файл; пишет файл, только если фразы изменились",
      "json: строка с номером i заменяет фразу i. po: каждый непустой msgstr без пометки\n"
      "fuzzy заменяет фразу с номером из msgctxt.\n"
      "Номер вне вида или символ вне Windows-1251: код 1, запись названа, файл не\n"
-     "изменяется. Фраза длиннее предела вида обрезается при сохранении (замечание в stderr).",
+     "изменяется. Фраза длиннее предела вида обрезается при сохранении (замечание в stderr).\n"
+     "Файл, размер которого не кратен размеру фразы вида, переписывается только с --force.",
      kImportOptions, runImport},
 };
 

@@ -127,6 +127,9 @@ int runConvertMany(const Args& args, Io io) {
         if (outcome.status == Status::Converted) {
             io.out << platform::utf8(outcome.source) << " -> " << platform::utf8(outcome.target)
                    << " (" << to << ")\n";
+            if (!outcome.loss.empty())
+                io.err << "parlex-cli: " << platform::utf8(outcome.source) << ": " << outcome.loss
+                       << "\n";
         } else {
             io.err << "parlex-cli: " << platform::utf8(outcome.source) << ": " << outcome.message
                    << (outcome.status == Status::Skipped ? ", пропущен" : "") << "\n";
@@ -149,10 +152,14 @@ int runConvert(const Args& args, Io io) {
         return report(source.error(), io);
     const NpcFileType from = npcformat::detectType(*source);
     const NpcFileType to = otherType(from);
+    if (auto refused = overwriteRefusal(pathArg(args.positional[1]), args))
+        return report(*refused, io);
     auto done =
         npcformat::convertFile(pathArg(args.positional[0]), pathArg(args.positional[1]), to);
     if (!done)
         return report(done.error(), io);
+    if (const auto loss = npcformat::conversionLoss(*source, to))
+        io.err << "parlex-cli: " << args.positional[0] << ": " << *loss << "\n";
     io.out << args.positional[0] << " (" << typeTag(from) << ") -> " << args.positional[1] << " ("
            << typeTag(to) << ")\n";
     return kOk;
@@ -161,7 +168,7 @@ int runConvert(const Args& args, Io io) {
 constexpr OptionSpec kJson[] = {{"--json", false}};
 constexpr OptionSpec kSetOptions[] = {
     {"--record", true}, {"--field", true}, {"--byte", true}, {"--value", true}};
-constexpr OptionSpec kConvertOptions[] = {{"--to", true}, {"--out", true}};
+constexpr OptionSpec kConvertOptions[] = {{"--to", true}, {"--out", true}, {"--yes", false}};
 
 constexpr Command kCommands[] = {
     {"info", "info PATH... [--json]", "тип файла и число непустых записей",
@@ -180,10 +187,12 @@ constexpr Command kCommands[] = {
      "или 8-19, 28, 29, 30, 31 (Byte, 0-255), либо имя поля (PhraseFirst, MoveTo...).\n"
      "B: номер байта 1-32, как в строке состояния окна (любой байт поля).\n"
      "V: десятичное число или шестнадцатеричное с 0x (0x1F).\n"
-     "Недопустимое значение, поле или запись: код 1, файл не изменяется.",
+     "Не число или число вне диапазона параметра: код 2. Запись, которой нет в файле,\n"
+     "или значение, которое не помещается в поле: код 1. Файл тогда не изменяется.",
      kSetOptions, runSet},
-    {"convert", "convert SRC.npc DST.npc | convert --to ub|ja PATH... [--out DIR]",
+    {"convert", "convert SRC.npc DST.npc [--yes] | convert --to ub|ja PATH... [--out DIR]",
      "записывает DST в другом формате (\"ub\" <-> \"ja\"); SRC и DST могут совпадать",
+     "Существующий DST (и сам SRC) заменяется только с --yes.\n"
      "С --to: каждый скрипт из PATH (файл или папка со всеми *.npc внутри), который ещё\n"
      "не в формате ub или ja, переписывается в нём: на месте или в папку DIR под тем же\n"
      "именем. Скрипты, уже записанные в этом формате, называются в stderr и пропускаются.\n"

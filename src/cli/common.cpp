@@ -2,8 +2,10 @@
 #include "cli/json.h"
 #include "codelists/codelists.h"
 #include "mod/scripts.h"
+#include "npc/npcformat.h"
 #include "platform/files.h"
 #include "settings/locations.h"
+#include "speech/edtfile.h"
 
 #include <algorithm>
 #include <charconv>
@@ -88,6 +90,32 @@ std::optional<long long> numberArg(std::string_view command, std::string_view op
               std::to_string(max) + " (десятичное или 0x...)",
           io);
     return std::nullopt;
+}
+
+namespace {
+
+// Whether a file has the size of a script or of a speech file of some kind.
+bool holdsGameFile(const std::filesystem::path& path) {
+    const auto size = platform::fileSize(path);
+    if (!size)
+        return false;
+    if (*size == npcformat::kFileSize)
+        return true;
+    for (const EdtKind kind : {EdtKind::NpcDialogues, EdtKind::Civilian, EdtKind::Remarks})
+        if (!EdtFile::checkSize(path, *size, kind) && *size % kindInfo(kind).recordSize == 0)
+            return true;
+    return false;
+}
+
+} // namespace
+
+std::optional<Error> overwriteRefusal(const std::filesystem::path& output, const Args& args,
+                                      bool onlyGameFiles) {
+    if (args.has("--yes") || !platform::fileExists(output) ||
+        (onlyGameFiles && !holdsGameFile(output)))
+        return std::nullopt;
+    return Error{ErrorKind::Exists, "Файл " + platform::utf8(output) +
+                                        "\nуже существует. Чтобы заменить его, добавьте --yes."};
 }
 
 int usage(std::string_view command, std::string_view complaint, Io io) {

@@ -29,12 +29,7 @@ std::filesystem::path fsPath(const QString& s) {
     return pathOf(s);
 }
 
-bool samePath(const std::filesystem::path& a, const std::filesystem::path& b) {
-    std::error_code ea, eb;
-    const auto ca = std::filesystem::weakly_canonical(a, ea);
-    const auto cb = std::filesystem::weakly_canonical(b, eb);
-    return (ea ? a : ca) == (eb ? b : cb);
-}
+using platform::samePath;
 
 const std::vector<UserPrompts::Filter> kOpenFilters = {{"*.npc", "*.npc"},
                                                        {"все файлы (*.*)", "*"}};
@@ -258,6 +253,10 @@ void Session::convertLayout() {
     if (!target)
         return;
     const auto& targetPath = target->path;
+    if (const auto loss = npcformat::conversionLoss(*bytes, layoutOf(*target));
+        loss &&
+        prompts_.question(kTitle, q(*loss) + "\nПреобразовать всё равно?", false) != Answer::Yes)
+        return;
     if (auto done = npcformat::convertFile(sourcePath, targetPath, layoutOf(*target)); !done) {
         prompts_.tell(done.error());
         return;

@@ -150,6 +150,11 @@ bool SpeechDocument::saveAs() {
 
 // Writes atomically and reads the file back, so the pane shows what the disk holds.
 bool SpeechDocument::writeTo(const std::filesystem::path& path) {
+    // A file read as another kind than it is would lose its end over itself.
+    if (edt_->bytesLostOnSave() > 0 && !edt_->isNew() && platform::samePath(path, edt_->path()) &&
+        prompts_.question(q(kMessageTitle), q(edt_->lossWarning()) + "\nСохранить всё равно?",
+                          false) != Answer::Yes)
+        return false;
     EdtFile saved = *edt_;
     if (auto written = saved.saveAs(path); !written) {
         prompts_.tell(written.error());

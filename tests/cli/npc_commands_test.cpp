@@ -109,13 +109,87 @@ TEST(CliConvert, RewritesIntoTheOtherLayoutAlsoOntoItself) {
     testutil::writeBytes(src, ub);
     auto run = cli({"convert", src.string(), (dir / "b.npc").string()});
     ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.err.find("Запись 50 не пуста"), std::string::npos) << run.err;
     auto b = testutil::readBytes(dir / "b.npc");
     EXPECT_EQ(parlex::npcformat::detectType(b), parlex::NpcFileType::Ja);
     EXPECT_EQ(testutil::readBytes(src), ub) << "the source is not touched";
-    run = cli({"convert", (dir / "b.npc").string(), (dir / "b.npc").string()});
+    run = cli({"convert", (dir / "b.npc").string(), (dir / "b.npc").string(), "--yes"});
     ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err, "") << "nothing lost from ja to ub";
     b = testutil::readBytes(dir / "b.npc");
     EXPECT_TRUE(std::equal(ub.begin(), ub.begin() + 1596, b.begin()));
+    // Many at once: the loss is told for each script that has one.
+    run = cli({"convert", "--to", "ja", src.string()});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_NE(run.err.find("a.npc: Запись 50 не пуста"), std::string::npos) << run.err;
+}
+
+// Commands that write a file of their own never replace one without --yes, and never
+// turn their input into their output.
+TEST(CliOutputs, AnExistingOutputIsReplacedOnlyWhenAsked) {
+    TempDir dir;
+    const auto script = dir / "s.npc";
+    const auto speech = dir / "d.edt";
+    const auto text = dir / "q.txt";
+    const auto json = dir / "d.json";
+    struct Case {
+        std::vector<std::string> args;
+        int status;
+        std::filesystem::path kept; // unchanged afterwards, when not empty
+        const char* said;           // in the message
+    };
+    const std::string s = script.string(), d = speech.string(), t = text.string(),
+                      j = json.string();
+    const Case cases[] = {
+        {{"convert", s, d}, 1, speech, "--yes"},
+        {{"convert", s, s}, 1, script, "--yes"},
+        {{"edt", "decompile", s, d}, 1, speech, ""}, // the arguments swapped: no speech file
+        {{"edt", "decompile", d, d, "--yes"}, 2, speech, "сам файл"},
+        {{"edt", "decompile", d, t}, 1, text, "--yes"},
+        {{"edt", "decompile", d, t, "--yes"}, 0, {}, ""},
+        {{"edt", "export", d, "--kind", "npc", "--format", "json", "-o", s}, 1, script, "--yes"},
+        {{"edt", "export", d, "--kind", "npc", "--format", "json", "-o", j}, 0, {}, ""},
+        {{"convert", s, d, "--yes"}, 0, {}, ""},
+    };
+    testutil::writeBytes(script, testutil::patternBytes(1600, 3));
+    ASSERT_EQ(cli({"edt", "new", d, "--kind", "npc"}).status, 0);
+    testutil::writeText(text, "older\r\n");
+    testutil::writeText(json, "[]");
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::PrintToString(c.args));
+        const auto before =
+            c.kept.empty() ? std::vector<std::uint8_t>{} : testutil::readBytes(c.kept);
+        const auto run = cli(c.args);
+        EXPECT_EQ(run.status, c.status) << run.err;
+        if (!c.kept.empty()) {
+            EXPECT_EQ(testutil::readBytes(c.kept), before);
+        }
+        EXPECT_NE(run.err.find(c.said), std::string::npos) << run.err;
+    }
+}
+
+TEST(CliEdtKind, AFileOfAnotherKindIsRewrittenOnlyWithForce) {
+    TempDir dir;
+    const auto civilian = dir / "c.edt";
+    ASSERT_EQ(cli({"edt", "new", civilian.string(), "--kind", "civ"}).status, 0);
+    std::vector<std::uint8_t> bytes = testutil::readBytes(civilian);
+    bytes.resize(1280); // four civilian phrases: two and a half of NPC dialogues
+    testutil::writeBytes(civilian, bytes);
+    testutil::writeText(dir / "p.json", "[\"x\"]");
+    for (const std::vector<std::string>& args :
+         {std::vector<std::string>{"edt", "set", civilian.string(), "--kind", "npc", "--phrase",
+                                   "0", "--text", "x"},
+          {"edt", "import", civilian.string(), "--kind", "npc", (dir / "p.json").string()}}) {
+        SCOPED_TRACE(args[1]);
+        auto run = cli(args);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_NE(run.err.find("320 байт в конце"), std::string::npos) << run.err;
+        EXPECT_EQ(testutil::readBytes(civilian), bytes);
+        auto forced = args;
+        forced.push_back("--force");
+        EXPECT_EQ(cli(forced).status, 0);
+        testutil::writeBytes(civilian, bytes);
+    }
 }
 
 TEST(CliErrors, SizeMessageAndExitStatuses) {

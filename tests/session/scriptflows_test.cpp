@@ -133,10 +133,13 @@ TEST_F(SessionTest, SavingAFileGoneFromDiskAsksForAName) {
 TEST_F(SessionTest, ConversionOfTheOpenFileOntoItselfAsksToReload) {
     const QString doc = write("conv.npc", testutil::script({1, 50}));
     ASSERT_TRUE(session.openPath(doc.toStdString()));
-    prompts.choose(doc);             // the source
-    prompts.choose(doc, 1);          // the target, "Buka: АВ"
-    prompts.answers = {Answer::Yes}; // reload
+    prompts.choose(doc);    // the source
+    prompts.choose(doc, 1); // the target, "Buka: АВ"
+    // Record 50 is filled and has no place in "ja": asked first, then the reload.
+    prompts.answers = {Answer::Yes, Answer::Yes};
     session.convertLayout();
+    EXPECT_EQ(prompts.questions.front(), "Запись 50 не пуста: в формате \"ja\" 49 записей, она "
+                                         "не сохранится.\nПреобразовать всё равно?");
     ASSERT_EQ(prompts.requests.size(), 2u);
     EXPECT_EQ(prompts.requests[0].title, QString("ИЗМЕНЕНИЕ ФОРМАТА NPC ФАЙЛА"));
     EXPECT_EQ(prompts.requests[1].title,
@@ -161,7 +164,19 @@ TEST_F(SessionTest, ConversionOfTheOpenFileOntoItselfAsksToReload) {
     EXPECT_EQ(npcformat::detectType(read("conv.npc")), NpcFileType::Ub);
     // Our own conversion is no news from another program.
     session.checkDisk();
-    EXPECT_EQ(prompts.questions.size(), 2u);
+    EXPECT_EQ(prompts.questions.size(), 3u);
+}
+
+TEST_F(SessionTest, ConvertingAFilledRecord50AwayCanBeDeclined) {
+    const QString doc = write("full.npc", testutil::script({50}));
+    const auto before = read("full.npc");
+    prompts.choose(doc);
+    prompts.choose(path("out.npc"), 1);
+    prompts.answers = {Answer::No};
+    session.convertLayout();
+    EXPECT_EQ(prompts.questions.size(), 1u);
+    EXPECT_FALSE(std::filesystem::exists(dir / "out.npc"));
+    EXPECT_EQ(read("full.npc"), before);
 }
 
 TEST_F(SessionTest, ConvertingAnotherFileAsksNothingAboutTheOpenOne) {

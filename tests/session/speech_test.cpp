@@ -129,6 +129,23 @@ TEST_F(SpeechTest, SaveWritesInPlaceOrAsksWhereItCannot) {
     EXPECT_TRUE(prompts.messages.back().text.endsWith("\nтолько для чтения\nУкажите другой путь"));
 }
 
+TEST_F(SpeechTest, AFileReadAsAnotherKindIsSavedOverItselfOnlyWhenTheUserSaysSo) {
+    auto bytes = edt(EdtKind::Civilian, {{0, "Эй"}});
+    bytes.resize(1280); // four civilian phrases, opened as NPC dialogues
+    write("c.edt", bytes);
+    ASSERT_TRUE(openEdt("c.edt", 1));
+    speech.editPhrase("Ой");
+    prompts.answers = {Answer::No};
+    EXPECT_FALSE(speech.save());
+    ASSERT_EQ(prompts.questions.size(), 1u);
+    EXPECT_TRUE(prompts.questions[0].contains("320 байт в конце"));
+    EXPECT_EQ(read("c.edt"), bytes);
+    // Saved elsewhere the file loses nothing: no question.
+    prompts.choose(path("copy.edt"));
+    EXPECT_TRUE(speech.saveAs());
+    EXPECT_EQ(prompts.questions.size(), 1u);
+}
+
 TEST_F(SpeechTest, DecompilingWritesTheChosenTextFileOrNothing) {
     speech.decompile(); // nothing open: a beep, no dialog
     EXPECT_EQ(prompts.beeps, 1);

@@ -248,11 +248,6 @@ Result<void> writeText(const fs::path& path, std::string_view text) {
     return platform::writeFileAtomic(path, text);
 }
 
-bool samePath(const fs::path& a, const fs::path& b) {
-    std::error_code ec;
-    return a == b || fs::equivalent(a, b, ec);
-}
-
 } // namespace
 
 FreedesktopAssociation::FreedesktopAssociation(fs::path program, fs::path dataHome,
@@ -279,7 +274,7 @@ bool FreedesktopAssociation::isAssociated() const {
     const auto entry = readText(desktopFile());
     const auto exec = entry ? freedesktop::keyValue(*entry, "Desktop Entry", "Exec") : std::nullopt;
     const auto program = exec ? freedesktop::programOfExec(*exec) : std::nullopt;
-    return program && samePath(*program, program_);
+    return program && platform::samePath(*program, program_);
 }
 
 Result<void> FreedesktopAssociation::associate() {

@@ -41,7 +41,11 @@ std::vector<ConvertOutcome> convertScripts(std::span<const fs::path> scripts, Np
         const auto saved = converted ? platform::writeFileAtomic(target, *converted)
                                      : Result<void>(std::unexpected(converted.error()));
         if (saved)
-            outcomes.push_back({source, target, Status::Converted, {}});
+            outcomes.push_back({source,
+                                target,
+                                Status::Converted,
+                                {},
+                                npcformat::conversionLoss(*bytes, to).value_or("")});
         else
             outcomes.push_back({source, target, Status::Failed, saved.error().message});
     }

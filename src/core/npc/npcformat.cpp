@@ -55,6 +55,16 @@ Result<FileBytes> convertLayout(const FileBytes& source, NpcFileType target) {
     return out;
 }
 
+std::optional<std::string> conversionLoss(const FileBytes& source, NpcFileType target) {
+    if (target != NpcFileType::Ja || detectType(source) != NpcFileType::Ub)
+        return std::nullopt;
+    NpcRecord last{};
+    std::copy_n(source.begin() + recordOffset(NpcFileType::Ub, 49), kRecordSize, last.begin());
+    if (isEmptyRecord(last))
+        return std::nullopt;
+    return "Запись 50 не пуста: в формате \"ja\" 49 записей, она не сохранится.";
+}
+
 Result<NpcFileType> convertFile(const std::filesystem::path& source,
                                 const std::filesystem::path& target, NpcFileType targetType) {
     auto bytes = readScript(source);

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -39,6 +40,11 @@ Result<FileBytes> readScript(const std::filesystem::path& path);
 // place; "ub" record 50 goes into the "ja" tail and comes back from it. Converting
 // into the layout the source already has is refused (see checkConversion).
 Result<FileBytes> convertLayout(const FileBytes& source, NpcFileType target);
+
+// What converting `source` into `target` loses: "ub" into "ja" keeps 49 records, so
+// a record 50 that is not empty is named ("Запись 50 не пуста: в формате \"ja\" 49
+// записей, она не сохранится."). Nothing when nothing is lost.
+std::optional<std::string> conversionLoss(const FileBytes& source, NpcFileType target);
 
 // Refuses a conversion from a layout into itself, which has nothing to do.
 Result<void> checkConversion(NpcFileType from, NpcFileType to);

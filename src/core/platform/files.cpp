@@ -83,6 +83,16 @@ bool fileExists(const fs::path& path) {
     return fs::is_regular_file(path, ec);
 }
 
+bool samePath(const fs::path& a, const fs::path& b) {
+    std::error_code ec;
+    if (a == b || fs::equivalent(a, b, ec))
+        return true;
+    std::error_code ea, eb;
+    const auto ca = fs::weakly_canonical(a, ea);
+    const auto cb = fs::weakly_canonical(b, eb);
+    return !ea && !eb && ca == cb;
+}
+
 std::string readErrorMessage(const fs::path& path, int errorNumber) {
     return errorText("чтения файла", path, errorNumber);
 }

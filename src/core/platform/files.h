@@ -47,6 +47,10 @@ Error readOnlyDriveError(const fs::path& path, bool hint);
 
 bool fileExists(const fs::path& path);
 
+// Whether two paths name one file: the same file on disk where both exist (links,
+// other spellings), else the same path once made whole.
+bool samePath(const fs::path& a, const fs::path& b);
+
 // What tells one state of a file from another: its length, modification time,
 // status-change time (which no user can set back, unlike the modification time) and
 // identity on its drive. Two equal statuses mean the file was not touched.

@@ -54,6 +54,7 @@ EdtFile EdtFile::fromBytes(std::span<const std::uint8_t> bytes, EdtKind kind,
         file.phrases_[i] = phrasecodec::decode(bytes.subspan(i * k.recordSize, k.recordSize));
     file.baseline_ = file.phrases_;
     file.path_ = std::move(path);
+    file.trailingBytes_ = bytes.size() - records * k.recordSize;
     return file;
 }
 
@@ -68,6 +69,12 @@ EdtFile EdtFile::makeNew(EdtKind kind) {
 
 std::string EdtFile::phrase(int index) const {
     return text::cp1251ToUtf8(phrases_.at(index));
+}
+
+std::string EdtFile::lossWarning() const {
+    return "Файл " + platform::utf8(path_) + ": " + std::to_string(trailingBytes_) +
+           " байт в конце не составляют целой фразы (" + std::to_string(info().recordSize) +
+           " байт) и пропадут при сохранении.";
 }
 
 Result<void> EdtFile::setPhrase(int index, std::string_view utf8) {

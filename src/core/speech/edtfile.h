@@ -44,6 +44,13 @@ public:
     Result<void> setPhrase(int index, std::string_view utf8);
 
     bool isChanged() const { return phrases_ != baseline_; }
+
+    // The bytes at the end of the file as read that make no whole phrase of this kind
+    // (a file read as another kind than it is): a save would drop them.
+    std::size_t bytesLostOnSave() const { return trailingBytes_; }
+    // "Файл …: N байт в конце не составляют целой фразы (R байт) и пропадут при
+    // сохранении." for such a file.
+    std::string lossWarning() const;
     bool isNew() const { return isNew_; }
     const std::filesystem::path& path() const { return path_; }
     std::string title() const { return platform::utf8(path_.filename()); }
@@ -71,6 +78,7 @@ private:
     std::vector<std::string> baseline_;
     std::filesystem::path path_;
     bool isNew_ = false;
+    std::size_t trailingBytes_ = 0;
 };
 
 } // namespace parlex
