@@ -2,10 +2,12 @@
 BUILD      ?= build
 ASAN_BUILD ?= build-asan
 WIN_BUILD  ?= build-windows
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
 JOBS       ?= $(shell nproc)
 EXAMPLE    ?= examples/053.npc
 
-.PHONY: all deps build run run-cli test test-sanitize test-windows windows package-windows bench package install format clean
+.PHONY: all deps build run run-cli test test-sanitize test-windows windows package-windows bench package install format clean fuzz fuzz-build fuzz-smoke fuzz-corpus
 
 all: build
 
@@ -63,6 +65,33 @@ package-windows: windows
 	cd $(WIN_BUILD) && cmake -E copy ../README.md README.md && \
 		cmake -E tar cf parlex-cli-windows-x64.zip --format=zip parlex-cli.exe README.md
 	@echo $(WIN_BUILD)/parlex-cli-windows-x64.zip
+
+# The fuzz targets of fuzz/ (libFuzzer, ASan + UBSan), each run for FUZZ_SECONDS
+# from its seed corpus. What a run finds is kept in $(FUZZ_BUILD)/crashes/<target>/;
+# the inputs it learns go to $(FUZZ_BUILD)/corpus/<target>/, never into the tree.
+FUZZ_TARGETS = $(patsubst fuzz/%.cpp,%,$(wildcard fuzz/fuzz_*.cpp))
+fuzz-build:
+	@bash scripts/deps.sh fuzz
+	cmake -S . -B $(FUZZ_BUILD) -DPARLEX_FUZZ=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+		-DCMAKE_CXX_COMPILER=clang++-16 -DCMAKE_CXX_FLAGS=-stdlib=libc++
+	cmake --build $(FUZZ_BUILD) -j $(JOBS)
+
+fuzz: fuzz-build
+	@for t in $(FUZZ_TARGETS); do \
+		mkdir -p $(FUZZ_BUILD)/corpus/$$t $(FUZZ_BUILD)/crashes/$$t; \
+		echo "== $$t: $(FUZZ_SECONDS) s"; \
+		$(FUZZ_BUILD)/fuzz/$$t -max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 \
+			-artifact_prefix=$(FUZZ_BUILD)/crashes/$$t/ \
+			$(FUZZ_BUILD)/corpus/$$t fuzz/corpus/$$t || exit 1; \
+	done
+
+# What CI runs: every target over its seed corpus, then a short run of its own.
+fuzz-smoke:
+	$(MAKE) fuzz FUZZ_SECONDS=20
+
+# Writes the seed corpus again (after a format change): fuzz/corpus/<target>/.
+fuzz-corpus: fuzz-build
+	bash fuzz/make-corpus.sh $(FUZZ_BUILD)/fuzz/make_corpus
 
 bench: build
 	@for b in $(BUILD)/benchmarks/bench_*; do $$b --benchmark_repetitions=5 --benchmark_report_aggregates_only=true; done

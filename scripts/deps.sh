@@ -6,6 +6,10 @@ set -euo pipefail
 # `deps.sh windows`: what the Windows build and its tests under Wine need instead.
 if [ "${1:-}" = windows ]; then
     packages=(make cmake g++-mingw-w64-x86-64 wine64 googletest)
+# `deps.sh fuzz`: clang 16 with libFuzzer and libc++ (the standard library of Debian 12's
+# g++ has a <expected> that clang only compiles from version 17 on).
+elif [ "${1:-}" = fuzz ]; then
+    packages=(make cmake clang-16 libclang-rt-16-dev libc++-16-dev libc++abi-16-dev)
 else
 packages=(make cmake g++ libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev
           qt6-translations-l10n qt6-svg-dev xdg-utils shared-mime-info desktop-file-utils

@@ -55,10 +55,13 @@ void forEachParallel(std::size_t count, const std::function<Worker()>& makeWorke
         run();
         return;
     }
-    std::vector<std::jthread> pool;
+    // Plain threads joined by hand: libc++ 16, which the fuzz build uses, has no jthread.
+    std::vector<std::thread> pool;
     for (std::size_t t = 1; t < threads; ++t)
         pool.emplace_back(run);
     run();
+    for (auto& thread : pool)
+        thread.join();
 }
 
 std::vector<Finding> checkScripts(std::span<const fs::path> scripts, const CodeLists& lists,

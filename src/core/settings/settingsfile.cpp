@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <locale>
 #include <optional>
+#include <sstream>
 #include <vector>
 
 namespace parlex {
@@ -78,9 +80,15 @@ std::optional<double> number(std::string_view s) {
     s = trimmed(s);
     if (!s.empty() && s.front() == '+')
         s.remove_prefix(1);
+    // A stream in the classic locale: "." whatever the user's locale says, and the
+    // same in every standard library (not all of them read floats with from_chars).
+    if (s.empty() || s.front() == '+' || s.front() == ' ' || s.front() == '\t')
+        return std::nullopt;
+    std::istringstream in{std::string(s)};
+    in.imbue(std::locale::classic());
     double value = 0;
-    const auto [end, ec] = std::from_chars(s.data(), s.data() + s.size(), value);
-    if (s.empty() || ec != std::errc() || end != s.data() + s.size() || !std::isfinite(value))
+    in >> std::noskipws >> value;
+    if (in.fail() || in.peek() != std::char_traits<char>::eof() || !std::isfinite(value))
         return std::nullopt;
     return value;
 }
