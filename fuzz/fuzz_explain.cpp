@@ -7,6 +7,7 @@
 #include "explain/fieldlayout.h"
 #include "text/cp1251.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -15,8 +16,10 @@
 using namespace parlex;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size != 1 + kRecordSize)
-        return -1;
+    // A context byte and a record; what is missing is zero, what is more is left.
+    std::uint8_t input[1 + kRecordSize] = {};
+    std::memcpy(input, data, std::min(size, sizeof input));
+    data = input;
     // A folder without list files: the built-in lists.
     static const CodeLists builtIn(std::filesystem::path("/nonexistent-parlex-lists"), false);
     const std::optional<NpcFileType> layouts[] = {std::nullopt, NpcFileType::Ub, NpcFileType::Ja};
