@@ -30,7 +30,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const NpcFileType other = type == NpcFileType::Ja ? NpcFileType::Ub : NpcFileType::Ja;
     FUZZ_CHECK(!npcformat::convertLayout(bytes, type)); // into itself: refused
     const auto converted = npcformat::convertLayout(bytes, other);
-    FUZZ_CHECK(converted && npcformat::detectType(*converted) == other);
+    FUZZ_CHECK(converted.has_value());
+    if (npcformat::detectType(*converted) != other) {
+        // A "ja" record 1 that begins with the "ja" mark: said before converting.
+        FUZZ_CHECK(type == NpcFileType::Ja && npcformat::conversionLoss(bytes, other));
+        return 0;
+    }
     const auto back = npcformat::convertLayout(*converted, type);
     FUZZ_CHECK(back.has_value());
     for (std::size_t i = 0; i < 49; ++i)

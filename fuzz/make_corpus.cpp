@@ -47,6 +47,11 @@ int main(int argc, char** argv) {
     seed("fuzz_script", "example-ub", view(*example));
     seed("fuzz_script", "example-ja", view(*npcformat::convertLayout(*example, NpcFileType::Ja)));
     seed("fuzz_script", "new", view(NpcFile::makeNew().toBytes()));
+    // Found by fuzzing: a "ja" record 1 that begins with the "ja" mark.
+    auto marked = *npcformat::convertLayout(*example, NpcFileType::Ja);
+    std::copy(npcformat::kJaMark.begin(), npcformat::kJaMark.end(),
+              marked.begin() + npcformat::kJaHeaderSize);
+    seed("fuzz_script", "ja-mark-in-record-1", view(marked));
 
     // Records of the example, and the neutral one, under each context.
     const NpcFile file = NpcFile::fromBytes(*example, "053.npc");

@@ -94,8 +94,9 @@ TEST(NpcFileLoad, MissingFileGivesReadMessageWithSystemDescription) {
     auto file = NpcFile::load(dir / "nope.npc");
     ASSERT_FALSE(file);
     EXPECT_EQ(file.error().kind, ErrorKind::NotFound);
-    EXPECT_TRUE(file.error().message.starts_with("Ошибка во время чтения файла. Error 2\n"))
-        << file.error().message;
+    EXPECT_EQ(file.error().message, "Ошибка во время чтения файла. Error 2\n"
+                                    "Нет такого файла или папки\nФайл: " +
+                                        platform::utf8(dir / "nope.npc"));
 }
 
 TEST(NpcFileLoad, FolderInsteadOfFileIsRefused) {

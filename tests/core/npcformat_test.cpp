@@ -68,6 +68,45 @@ TEST(ConvertLayout, SameLayoutIsRefused) {
     }
 }
 
+TEST(ConversionLoss, NamesWhatTheOtherLayoutCannotHold) {
+    struct Case {
+        const char* name;
+        NpcFileType from;
+        // Sets bytes of the file (offsets in the file).
+        std::vector<std::pair<std::size_t, std::uint8_t>> bytes;
+        const char* said; // the start of the message, or null for none
+    };
+    const Case cases[] = {
+        {"ub, record 50 empty", NpcFileType::Ub, {{5, 1}}, nullptr},
+        {"ub, record 50 filled", NpcFileType::Ub, {{49 * 32 + 31, 1}}, "Запись 50 не пуста"},
+        {"ja, record 1 almost the mark", NpcFileType::Ja, {{4, 0x39}, {5, 1}, {6, 0x35}}, nullptr},
+        {"ja, record 1 begins with the mark",
+         NpcFileType::Ja,
+         {{4, 0x39}, {5, 0}, {6, 0x35}, {7, 0}},
+         "Запись 1 начинается с байтов 39 00 35 00"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        FileBytes file{};
+        if (c.from == NpcFileType::Ja)
+            std::copy(kJaMark.begin(), kJaMark.end(), file.begin());
+        for (auto [at, value] : c.bytes)
+            file[at] = value;
+        ASSERT_EQ(detectType(file), c.from);
+        const NpcFileType to = c.from == NpcFileType::Ub ? NpcFileType::Ja : NpcFileType::Ub;
+        const auto loss = conversionLoss(file, to);
+        ASSERT_EQ(loss.has_value(), c.said != nullptr);
+        if (loss) {
+            EXPECT_TRUE(loss->starts_with(c.said)) << *loss;
+        }
+        // Whatever is said, the converted file reads in the layout asked for unless
+        // the loss says otherwise.
+        const auto converted = convertLayout(file, to);
+        ASSERT_TRUE(converted);
+        EXPECT_EQ(detectType(*converted) == to, !loss || to == NpcFileType::Ja);
+    }
+}
+
 TEST(ConvertFile, OntoItselfRewritesTheFileInTheOtherLayout) {
     TempDir dir;
     const auto path = dir / "self.npc";

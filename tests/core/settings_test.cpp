@@ -202,6 +202,13 @@ TEST(SettingsFile, WrittenAtomicallyOverAReadOnlyFileAndReadFromDisk) {
     Settings fresh = designed();
     readSettingsFile(dir / "missing.ini", fresh, kScreen);
     EXPECT_EQ(fresh.left, (15360 - 9000) / 2.0) << "no file: centred";
+
+    // A file far too large to be settings counts as none, and is not read at all.
+    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    std::filesystem::resize_file(file, std::uintmax_t(4) << 30);
+    Settings huge = designed();
+    EXPECT_FALSE(readSettingsFile(file, huge, kScreen));
+    EXPECT_EQ(huge, fresh);
 }
 
 } // namespace

@@ -56,7 +56,14 @@ Result<FileBytes> convertLayout(const FileBytes& source, NpcFileType target) {
 }
 
 std::optional<std::string> conversionLoss(const FileBytes& source, NpcFileType target) {
-    if (target != NpcFileType::Ja || detectType(source) != NpcFileType::Ub)
+    const NpcFileType from = detectType(source);
+    // The layout is told by the first four bytes alone: a "ub" file that begins with
+    // the mark is taken for "ja".
+    if (from == NpcFileType::Ja && target == NpcFileType::Ub &&
+        std::equal(kJaMark.begin(), kJaMark.end(), source.begin() + kJaHeaderSize))
+        return "Запись 1 начинается с байтов 39 00 35 00 - метки формата \"ja\": файл "
+               "в формате \"ub\" будет снова прочитан как \"ja\".";
+    if (target != NpcFileType::Ja || from != NpcFileType::Ub)
         return std::nullopt;
     NpcRecord last{};
     std::copy_n(source.begin() + recordOffset(NpcFileType::Ub, 49), kRecordSize, last.begin());

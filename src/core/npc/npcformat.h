@@ -43,7 +43,8 @@ Result<FileBytes> convertLayout(const FileBytes& source, NpcFileType target);
 
 // What converting `source` into `target` loses: "ub" into "ja" keeps 49 records, so
 // a record 50 that is not empty is named ("Запись 50 не пуста: в формате \"ja\" 49
-// записей, она не сохранится."). Nothing when nothing is lost.
+// записей, она не сохранится."); "ja" into "ub" whose record 1 begins with the "ja"
+// mark gives a file that reads as "ja" again. Nothing when nothing is lost.
 std::optional<std::string> conversionLoss(const FileBytes& source, NpcFileType target);
 
 // Refuses a conversion from a layout into itself, which has nothing to do.
