@@ -8,6 +8,7 @@
 #include "mod/scripts.h"
 #include "mod/search.h"
 #include "platform/files.h"
+#include "text/lines.h"
 
 #include <algorithm>
 #include <ostream>
@@ -97,9 +98,12 @@ int runFind(const Args& args, Io io) {
 int runDiff(const Args& args, Io io) {
     if (args.positional.size() != 2)
         return usage("diff", "нужны два файла .npc", io);
+    // As diff(1) does: 0 equal, 1 different, 2 for any trouble, a bad list file too.
     const auto folder = readableListsFolder(args);
-    if (!folder)
-        return report(folder.error(), io);
+    if (!folder) {
+        report(folder.error(), io);
+        return kUsage;
+    }
     const CodeLists lists(*folder, false);
     const auto changes =
         mod::diffScripts(pathArg(args.positional[0]), pathArg(args.positional[1]), lists);
@@ -119,9 +123,11 @@ int runDiff(const Args& args, Io io) {
                    ",\"newText\":" + jsonString(c.newText) + "}";
         out += "]}\n";
     } else {
+        // One line a change, so that grep and editors see it whole.
         for (const auto& c : *changes)
             out += std::to_string(c.record) + ":" + std::to_string(c.field) + ": " + c.oldHex +
-                   " -> " + c.newHex + "\n    - " + c.oldText + "\n    + " + c.newText + "\n";
+                   " -> " + c.newHex + "; было: " + text::joinLines(c.oldText) +
+                   "; стало: " + text::joinLines(c.newText) + "\n";
     }
     io.out << out;
     return changes->empty() ? kOk : kFailed;
@@ -151,6 +157,7 @@ constexpr Command kCommands[] = {
     {"diff", "diff A.npc B.npc [--lists DIR] [--json]",
      "различия двух скриптов по полям: ЗАПИСЬ:ПОЛЕ: старое -> новое, с обеими фразами",
      "Записи сравниваются по номеру (1-50); форматы файлов могут различаться.\n"
+     "Строка на различие: ЗАПИСЬ:ПОЛЕ: 00 -> 28; было: фраза; стало: фраза.\n"
      "Код выхода: 0 записи равны, 1 есть различия, 2 ошибка (как у diff).",
      kLintOptions, runDiff},
 };

@@ -2,6 +2,7 @@
 #include "clirun.h"
 #include "explain/fieldlayout.h"
 #include "npc/npcformat.h"
+#include "text/cp1251.h"
 #include "text/json.h"
 
 #include <gtest/gtest.h>
@@ -52,7 +53,7 @@ TEST_F(CliMod, LintExitsByErrorsAndSpeaksJson) {
                            ":3:19: error: Spare20: Данный байт у всех существующих НПЦ "
                            "равен \"00\"!\n" +
                            native("mod/003.npc") + ": error: Размер файла " +
-                           native("mod/003.npc") + "\nменьше чем 1600 байт\n");
+                           native("mod/003.npc") + "; меньше чем 1600 байт\n");
 
     run = cli({"lint", "--json", wrong, "--lists", lists()});
     EXPECT_EQ(run.status, 1);
@@ -61,6 +62,12 @@ TEST_F(CliMod, LintExitsByErrorsAndSpeaksJson) {
                   ",\"record\":3,\"field\":19,\"severity\":\"error\",\"message\":"
                   "\"Spare20: Данный байт у всех существующих НПЦ равен \\\"00\\\"!\"}]}\n");
     EXPECT_EQ(cli({"lint"}).status, 2);
+
+    run = cli({"lint", "--json", native("mod/003.npc"), "--lists", lists()});
+    EXPECT_NE(run.out.find("\"message\":" + jsonString("Размер файла " + native("mod/003.npc") +
+                                                       "\nменьше чем 1600 байт")),
+              std::string::npos)
+        << "JSON keeps the whole message: " << run.out;
 }
 
 TEST_F(CliMod, FindByListCodeOrPhrase) {
@@ -99,14 +106,23 @@ TEST_F(CliMod, DiffLikeDiff) {
     EXPECT_EQ(cli({"diff", a, a, "--lists", lists()}).status, 0);
     const auto run = cli({"diff", a, b, "--lists", lists()});
     EXPECT_EQ(run.status, 1);
-    EXPECT_TRUE(run.out.starts_with("2:12: 00 -> 28\n    - ")) << run.out;
-    EXPECT_NE(run.out.find("\n    + "), std::string::npos);
+    EXPECT_TRUE(run.out.starts_with("2:12: 00 -> 28; было: Запись сработает независимо"))
+        << run.out;
+    EXPECT_NE(run.out.find("; стало: Запись сработает только если"), std::string::npos);
+    EXPECT_EQ(std::ranges::count(run.out, '\n'), 1) << "one line a change";
     const auto json = cli({"diff", a, b, "--json", "--lists", lists()});
     EXPECT_NE(
         json.out.find("\"changes\":[{\"record\":2,\"field\":12,\"old\":\"00\",\"new\":\"28\""),
         std::string::npos)
         << json.out;
     EXPECT_EQ(cli({"diff", a, (dir / "none.npc").string()}).status, 2);
+
+    // A list file that cannot be used is trouble, not a difference.
+    std::filesystem::create_directories(dir / "biglists");
+    testutil::writeText(dir / "biglists" / "Npc.txt", std::string(17 << 20, 'x'));
+    const auto big = cli({"diff", a, b, "--lists", (dir / "biglists").string()});
+    EXPECT_EQ(big.status, 2) << big.err;
+    EXPECT_NE(big.err.find("Npc.txt"), std::string::npos) << big.err;
 }
 
 TEST_F(CliMod, ConvertManyNamesWhatItSkips) {
@@ -210,3 +226,38 @@ TEST_F(CliMod, ManyFilesPrintInFileOrder) {
 }
 
 } // namespace
+
+#ifndef _WIN32
+namespace {
+
+bool validUtf8(const std::string& text) {
+    for (std::size_t pos = 0; pos < text.size();)
+        if (!parlex::text::nextUtf8(text, pos))
+            return false;
+    return true;
+}
+
+// A file name in another code page: every JSON output still parses as UTF-8, with
+// U+FFFD for the bytes; the text form keeps the name as it is.
+TEST_F(CliMod, JsonIsUtf8WhateverTheFileName) {
+    auto bytes = script({1}, 1);
+    bytes[13] = 5;
+    const auto bad = put("\xff\xfe-bad.npc", bytes);
+    const std::string shown = native("\xEF\xBF\xBD\xEF\xBF\xBD-bad.npc");
+    const std::vector<std::vector<std::string>> commands = {
+        {"lint", "--json", bad, "--lists", lists()},
+        {"find", "--json", bad, "--phrase", "5", "--lists", lists()},
+        {"info", "--json", bad, native("x.npc")},
+        {"explain", "--json", bad, native("x.npc"), "--lists", lists()},
+    };
+    put("x.npc", script({2}));
+    for (const auto& args : commands) {
+        const auto run = cli(args);
+        EXPECT_TRUE(validUtf8(run.out)) << args[0];
+        EXPECT_NE(run.out.find(jsonString(shown)), std::string::npos) << args[0] << run.out;
+    }
+    EXPECT_NE(cli({"lint", bad, "--lists", lists()}).out.find(bad), std::string::npos);
+}
+
+} // namespace
+#endif

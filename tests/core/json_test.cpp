@@ -28,3 +28,27 @@ TEST(JsonString, EscapesWhatItMustAndReadsBack) {
 }
 
 } // namespace
+
+namespace {
+
+// Bytes that make no UTF-8 character (a file name in another code page, a cut or an
+// overlong sequence, a surrogate) each become U+FFFD; valid characters stay.
+TEST(JsonString, ReplacesInvalidUtf8) {
+    const std::string r = "\xEF\xBF\xBD";
+    struct Case {
+        std::string text;
+        std::string json;
+    };
+    const Case cases[] = {
+        {"\xff\xfe-bad.npc", "\"" + r + r + "-bad.npc\""},
+        {"ok\xD0", "\"ok" + r + "\""},
+        {"\xC0\xAF", "\"" + r + r + "\""},
+        {"\xED\xA0\x80x", "\"" + r + r + r + "x\""},
+        {"я\x80я", "\"я" + r + "я\""},
+        {"\xF0\x9F\x98\x80", "\"\xF0\x9F\x98\x80\""},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(parlex::text::jsonString(c.text), c.json) << c.json;
+}
+
+} // namespace

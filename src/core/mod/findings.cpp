@@ -1,5 +1,6 @@
 #include "mod/findings.h"
 #include "platform/files.h"
+#include "text/lines.h"
 
 #include <algorithm>
 #include <utility>
@@ -38,7 +39,7 @@ std::string formatFinding(const Finding& finding) {
     out += ": ";
     if (finding.severity != Severity::Match)
         out += std::string(severityName(finding.severity)) + ": ";
-    return out + finding.message;
+    return out + text::joinLines(finding.message);
 }
 
 } // namespace parlex::mod

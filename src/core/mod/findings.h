@@ -27,7 +27,8 @@ bool findingBefore(const Finding& a, const Finding& b);
 void sortFindings(std::vector<Finding>& findings);
 
 // "FILE:RECORD:FIELD: error: message" ("FILE: error: ..." for the file as a whole);
-// a match has no severity word.
+// a match has no severity word. Always one line: a message of several lines is
+// joined with "; ".
 std::string formatFinding(const Finding& finding);
 
 const char* severityName(Severity severity); // "error", "warning", "match"

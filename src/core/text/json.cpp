@@ -1,5 +1,7 @@
 #include "text/json.h"
 
+#include "text/cp1251.h"
+
 namespace parlex::text {
 
 std::string jsonString(std::string_view s) {
@@ -8,12 +10,27 @@ std::string jsonString(std::string_view s) {
     out += '"';
     // Runs of characters that need no escape are appended whole.
     std::size_t run = 0;
-    for (std::size_t i = 0; i < s.size(); ++i) {
+    for (std::size_t i = 0; i < s.size();) {
         const auto c = static_cast<unsigned char>(s[i]);
-        if (c >= 0x20 && c != '"' && c != '\\')
+        if (c >= 0x80) {
+            std::size_t next = i;
+            if (nextUtf8(s, next)) {
+                i = next;
+                continue;
+            }
+            // A byte that begins no UTF-8 character (a file name in another code
+            // page): the replacement character, so that the output still parses.
+            out.append(s.substr(run, i - run));
+            out += "\xEF\xBF\xBD";
+            run = ++i;
             continue;
+        }
+        if (c >= 0x20 && c != '"' && c != '\\') {
+            ++i;
+            continue;
+        }
         out.append(s.substr(run, i - run));
-        run = i + 1;
+        run = ++i;
         switch (c) {
         case '"':
             out += "\\\"";

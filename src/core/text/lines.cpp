@@ -17,4 +17,18 @@ std::vector<std::string_view> splitLines(std::string_view text) {
     return lines;
 }
 
+std::string joinLines(std::string_view text) {
+    if (text.find('\n') == std::string_view::npos)
+        return std::string(text);
+    std::string out;
+    for (std::string_view line : splitLines(text)) {
+        if (line.empty())
+            continue;
+        if (!out.empty())
+            out += "; ";
+        out += line;
+    }
+    return out;
+}
+
 } // namespace parlex::text

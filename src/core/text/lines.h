@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -8,5 +9,9 @@ namespace parlex::text {
 // The lines of a text, without their CR LF (or bare LF) ends. A final line end does
 // not open another, empty line.
 std::vector<std::string_view> splitLines(std::string_view text);
+
+// The text on one line: its non-empty lines joined with "; " (a message of several
+// lines as one line of a report that grep and editors read line by line).
+std::string joinLines(std::string_view text);
 
 } // namespace parlex::text
