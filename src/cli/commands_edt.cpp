@@ -34,10 +34,19 @@ std::variant<EdtFile, int> loadArgument(const Args& args, std::string_view comma
     return std::move(*file);
 }
 
-// A file whose end makes no whole phrase of the kind given is rewritten only with
-// --force: the status of the refusal, or 0.
-int refuseLoss(const EdtFile& file, const Args& args, Io io) {
-    if (file.bytesLostOnSave() == 0 || args.has("--force"))
+// Phrases go into a file only where they destroy nothing, unless --force: not into a
+// script (named *.npc, or a script's size and bytes), and not into a file whose end
+// makes no whole phrase of the kind given. The status of the refusal, or 0.
+int refuseRewrite(const EdtFile& file, const Args& args, Io io) {
+    if (args.has("--force"))
+        return 0;
+    if (looksLikeScript(file.path()))
+        return report({ErrorKind::Invalid,
+                       "Файл " + platform::utf8(file.path()) +
+                           " похож на скрипт .npc, а не на речевой файл: фразы не записаны.\n"
+                           "Чтобы записать их всё равно, добавьте --force."},
+                      io);
+    if (file.bytesLostOnSave() == 0)
         return 0;
     return report({ErrorKind::Invalid,
                    file.lossWarning() + "\nПроверьте --kind; чтобы сохранить всё равно, добавьте "
@@ -103,7 +112,7 @@ int runSet(const Args& args, Io io) {
     if (const int* status = std::get_if<int>(&loaded))
         return *status;
     EdtFile& file = std::get<EdtFile>(loaded);
-    if (const int refused = refuseLoss(file, args, io))
+    if (const int refused = refuseRewrite(file, args, io))
         return refused;
     const int n = static_cast<int>(*index);
     if (auto set = file.setPhrase(n, *args.value("--text")); !set)
@@ -194,7 +203,7 @@ int runImport(const Args& args, Io io) {
     auto file = EdtFile::load(pathArg(args.positional[0]), *kind);
     if (!file)
         return report(file.error(), io);
-    if (const int refused = refuseLoss(*file, args, io))
+    if (const int refused = refuseRewrite(*file, args, io))
         return refused;
     const auto bytes = platform::readFileLimited(from, platform::kMaxTextFileSize);
     if (!bytes)
@@ -251,7 +260,8 @@ constexpr Command kCommands[] = {
      "заменяет одну фразу и сохраняет файл",
      "Символы вне Windows-1251 и номер фразы вне файла: код 1, файл не изменяется.\n"
      "Файл, размер которого не кратен размеру фразы вида, переписывается только с\n"
-     "--force: байты в конце, не составляющие фразы, пропадут.\n"
+     "--force: байты в конце, не составляющие фразы, пропадут. Так же и скрипт: файл\n"
+     "*.npc или файл в 1600 байт, байты которого не могут быть фразами.\n"
      "Фраза длиннее предела вида (240 или 160 символов) обрезается при сохранении.",
      kSetOptions, runSet},
     {"edt new", "edt new FILE.edt --kind KIND [--yes]", "записывает пустой файл этого вида", kKinds,
@@ -274,7 +284,8 @@ constexpr Command kCommands[] = {
      "fuzzy заменяет фразу с номером из msgctxt.\n"
      "Номер вне вида или символ вне Windows-1251: код 1, запись названа, файл не\n"
      "изменяется. Фраза длиннее предела вида обрезается при сохранении (замечание в stderr).\n"
-     "Файл, размер которого не кратен размеру фразы вида, переписывается только с --force.",
+     "Файл, размер которого не кратен размеру фразы вида, и скрипт (*.npc или 1600 байт\n"
+     "скрипта) переписываются только с --force.",
      kImportOptions, runImport},
 };
 

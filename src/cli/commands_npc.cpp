@@ -122,7 +122,8 @@ int runConvertMany(const Args& args, Io io) {
     int status = kOk;
     for (const auto& outcome : mod::convertScripts(
              mod::collectScripts(paths), to == "ub" ? NpcFileType::Ub : NpcFileType::Ja,
-             out ? std::optional<std::filesystem::path>(pathArg(*out)) : std::nullopt)) {
+             out ? std::optional<std::filesystem::path>(pathArg(*out)) : std::nullopt,
+             args.has("--yes"))) {
         using Status = mod::ConvertOutcome::Status;
         if (outcome.status == Status::Converted) {
             io.out << platform::utf8(outcome.source) << " -> " << platform::utf8(outcome.target)
@@ -132,8 +133,11 @@ int runConvertMany(const Args& args, Io io) {
                        << "\n";
         } else {
             io.err << "parlex-cli: " << platform::utf8(outcome.source) << ": " << outcome.message
-                   << (outcome.status == Status::Skipped ? ", пропущен" : "") << "\n";
-            if (outcome.status == Status::Failed)
+                   << (outcome.status == Status::Skipped ? ", пропущен"
+                       : outcome.status == Status::Exists ? "; чтобы заменить его, добавьте --yes"
+                                                          : "")
+                   << "\n";
+            if (outcome.status != Status::Skipped)
                 status = kFailed;
         }
     }
@@ -190,12 +194,13 @@ constexpr Command kCommands[] = {
      "Не число или число вне диапазона параметра: код 2. Запись, которой нет в файле,\n"
      "или значение, которое не помещается в поле: код 1. Файл тогда не изменяется.",
      kSetOptions, runSet},
-    {"convert", "convert SRC.npc DST.npc [--yes] | convert --to ub|ja PATH... [--out DIR]",
+    {"convert", "convert SRC.npc DST.npc [--yes] | convert --to ub|ja PATH... [--out DIR [--yes]]",
      "записывает DST в другом формате (\"ub\" <-> \"ja\"); SRC и DST могут совпадать",
      "Существующий DST (и сам SRC) заменяется только с --yes.\n"
      "С --to: каждый скрипт из PATH (файл или папка со всеми *.npc внутри), который ещё\n"
      "не в формате ub или ja, переписывается в нём: на месте или в папку DIR под тем же\n"
      "именем. Скрипты, уже записанные в этом формате, называются в stderr и пропускаются.\n"
+     "Файл, который уже есть в DIR, заменяется только с --yes.\n"
      "Код выхода 1, если хотя бы один файл не удалось прочитать или записать.",
      kConvertOptions, runConvert},
 };

@@ -134,6 +134,22 @@ TEST_F(CliMod, ConvertManyNamesWhatItSkips) {
     EXPECT_EQ(run.err, "parlex-cli: " + ja + ": уже в формате \"ja\", пропущен\n");
     EXPECT_EQ(parlex::npcformat::detectType(testutil::readBytes(dir / "o/1.npc")),
               parlex::NpcFileType::Ja);
+
+    // A file already in the output folder is replaced only with --yes.
+    const std::vector<std::uint8_t> older(1600, 7);
+    testutil::writeBytes(dir / "o/1.npc", older);
+    const std::vector<std::string> again{"convert", "--to",  "ja",
+                                         ub,        "--out", (dir / "o").string()};
+    run = cli(again);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "parlex-cli: " + ub + ": файл " + native("o/1.npc") +
+                           " уже существует; чтобы заменить его, добавьте --yes\n");
+    EXPECT_EQ(testutil::readBytes(dir / "o/1.npc"), older);
+    auto replacing = again;
+    replacing.push_back("--yes");
+    EXPECT_EQ(cli(replacing).status, 0);
+    EXPECT_EQ(parlex::npcformat::detectType(testutil::readBytes(dir / "o/1.npc")),
+              parlex::NpcFileType::Ja);
     EXPECT_EQ(cli({"convert", "--to", "xx", ub}).status, 2);
     EXPECT_EQ(cli({"convert", ub, "--out", (dir / "o").string()}).status, 2);
 }

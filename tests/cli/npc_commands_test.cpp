@@ -168,27 +168,49 @@ TEST(CliOutputs, AnExistingOutputIsReplacedOnlyWhenAsked) {
     }
 }
 
-TEST(CliEdtKind, AFileOfAnotherKindIsRewrittenOnlyWithForce) {
+// Phrases are written only where they destroy nothing, unless --force: not over the
+// tail of a file read as another kind, not into a script, whatever its name.
+TEST(CliEdtKind, AFileThatWouldBeDamagedIsRewrittenOnlyWithForce) {
     TempDir dir;
-    const auto civilian = dir / "c.edt";
-    ASSERT_EQ(cli({"edt", "new", civilian.string(), "--kind", "civ"}).status, 0);
-    std::vector<std::uint8_t> bytes = testutil::readBytes(civilian);
-    bytes.resize(1280); // four civilian phrases: two and a half of NPC dialogues
-    testutil::writeBytes(civilian, bytes);
+    ASSERT_EQ(cli({"edt", "new", (dir / "c.edt").string(), "--kind", "civ"}).status, 0);
+    std::vector<std::uint8_t> civilian = testutil::readBytes(dir / "c.edt");
+    civilian.resize(1280); // four civilian phrases: two and a half of NPC dialogues
+    std::vector<std::uint8_t> fiveCivilian(1600, 0); // five phrases: a script's size
+    fiveCivilian[0] = 'a' + 1;
+    struct Case {
+        std::string name;
+        std::vector<std::uint8_t> bytes;
+        std::string kind;
+        std::string refusal; // empty: written without --force
+    };
+    const Case cases[] = {
+        {"c.edt", civilian, "npc", "320 байт в конце"},
+        {"s.edt", testutil::script({1, 2}), "civ", "похож на скрипт .npc"},
+        {"j.dat", testutil::jaBytes(), "civ", "похож на скрипт .npc"},
+        {"e.NPC", fiveCivilian, "civ", "похож на скрипт .npc"},
+        {"five.edt", fiveCivilian, "civ", ""},
+    };
     testutil::writeText(dir / "p.json", "[\"x\"]");
-    for (const std::vector<std::string>& args :
-         {std::vector<std::string>{"edt", "set", civilian.string(), "--kind", "npc", "--phrase",
-                                   "0", "--text", "x"},
-          {"edt", "import", civilian.string(), "--kind", "npc", (dir / "p.json").string()}}) {
-        SCOPED_TRACE(args[1]);
-        auto run = cli(args);
-        EXPECT_EQ(run.status, 1);
-        EXPECT_NE(run.err.find("320 байт в конце"), std::string::npos) << run.err;
-        EXPECT_EQ(testutil::readBytes(civilian), bytes);
-        auto forced = args;
-        forced.push_back("--force");
-        EXPECT_EQ(cli(forced).status, 0);
-        testutil::writeBytes(civilian, bytes);
+    for (const Case& c : cases) {
+        const std::string file = (dir / c.name).string();
+        for (const std::vector<std::string>& args :
+             {std::vector<std::string>{"edt", "set", file, "--kind", c.kind, "--phrase", "0",
+                                       "--text", "x"},
+              {"edt", "import", file, "--kind", c.kind, (dir / "p.json").string()}}) {
+            SCOPED_TRACE(c.name + " " + args[1]);
+            testutil::writeBytes(dir / c.name, c.bytes);
+            auto run = cli(args);
+            if (c.refusal.empty()) {
+                EXPECT_EQ(run.status, 0) << run.err;
+                continue;
+            }
+            EXPECT_EQ(run.status, 1);
+            EXPECT_NE(run.err.find(c.refusal), std::string::npos) << run.err;
+            EXPECT_EQ(testutil::readBytes(dir / c.name), c.bytes);
+            auto forced = args;
+            forced.push_back("--force");
+            EXPECT_EQ(cli(forced).status, 0);
+        }
     }
 }
 

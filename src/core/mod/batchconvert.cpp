@@ -9,7 +9,8 @@ namespace parlex::mod {
 namespace fs = std::filesystem;
 
 std::vector<ConvertOutcome> convertScripts(std::span<const fs::path> scripts, NpcFileType to,
-                                           const std::optional<fs::path>& outDir) {
+                                           const std::optional<fs::path>& outDir,
+                                           bool replaceExisting) {
     using Status = ConvertOutcome::Status;
     std::vector<ConvertOutcome> outcomes;
     std::set<fs::path> written;
@@ -35,6 +36,12 @@ std::vector<ConvertOutcome> convertScripts(std::span<const fs::path> scripts, Np
             outcomes.push_back(
                 {source, target, Status::Skipped,
                  "файл " + platform::utf8(target) + " уже записан из другого скрипта"});
+            continue;
+        }
+        if (outDir && !replaceExisting && platform::fileExists(target) &&
+            !platform::samePath(source, target)) {
+            outcomes.push_back({source, target, Status::Exists,
+                                "файл " + platform::utf8(target) + " уже существует"});
             continue;
         }
         const auto converted = npcformat::convertLayout(*bytes, to);

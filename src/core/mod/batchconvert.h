@@ -11,7 +11,8 @@
 namespace parlex::mod {
 
 struct ConvertOutcome {
-    enum class Status { Converted, Skipped, Failed };
+    // Exists: the target is another file that is there already and was left alone.
+    enum class Status { Converted, Skipped, Failed, Exists };
     std::filesystem::path source;
     std::filesystem::path target;
     Status status;
@@ -21,11 +22,13 @@ struct ConvertOutcome {
 
 // Rewrites every script not yet in the `to` layout: in place, or into `outDir` (made
 // when missing) under the same name. A script already in that layout is skipped, and
-// so is a second script whose name would overwrite one written in this run. Each
-// file is written atomically; one failure does not stop the others. What a
-// conversion loses is told with its outcome.
+// so is a second script whose name would overwrite one written in this run. A file
+// already in `outDir` is replaced only with `replaceExisting`. Each file is written
+// atomically; one failure does not stop the others. What a conversion loses is told
+// with its outcome.
 std::vector<ConvertOutcome> convertScripts(std::span<const std::filesystem::path> scripts,
                                            NpcFileType to,
-                                           const std::optional<std::filesystem::path>& outDir);
+                                           const std::optional<std::filesystem::path>& outDir,
+                                           bool replaceExisting = false);
 
 } // namespace parlex::mod

@@ -1,5 +1,6 @@
 #include "speech/edtfile.h"
 
+#include "npc/npcformat.h"
 #include "platform/files.h"
 #include "speech/phrasecodec.h"
 #include "text/cp1251.h"
@@ -151,6 +152,16 @@ Result<void> EdtFile::saveAs(const std::filesystem::path& path) {
         return std::unexpected(reloaded.error());
     *this = std::move(*reloaded);
     return {};
+}
+
+bool looksLikeScript(const std::filesystem::path& path) {
+    std::string extension = platform::utf8(path.extension());
+    std::ranges::transform(extension, extension.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    if (extension == ".npc")
+        return true;
+    const auto bytes = npcformat::readScript(path);
+    return bytes && !phrasecodec::couldBePhrases(*bytes);
 }
 
 } // namespace parlex

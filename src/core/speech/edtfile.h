@@ -81,4 +81,8 @@ private:
     std::size_t trailingBytes_ = 0;
 };
 
+// Whether phrases written into the file at `path` would destroy a script: it is named
+// *.npc (any case), or it has the size of a script and bytes that no speech file holds.
+bool looksLikeScript(const std::filesystem::path& path);
+
 } // namespace parlex

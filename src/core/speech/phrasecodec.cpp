@@ -45,4 +45,11 @@ std::vector<std::uint8_t> encode(std::string_view phrase, std::size_t recordSize
     return record;
 }
 
+bool couldBePhrases(std::span<const std::uint8_t> bytes) {
+    for (std::size_t i = 1; i < bytes.size(); i += 2)
+        if (bytes[i] > 1)
+            return false;
+    return true;
+}
+
 } // namespace parlex::phrasecodec

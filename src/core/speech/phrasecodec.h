@@ -21,4 +21,8 @@ std::string decode(std::span<const std::uint8_t> record);
 // Characters beyond recordSize / 2 are cut.
 std::vector<std::uint8_t> encode(std::string_view phrase, std::size_t recordSize);
 
+// Whether bytes could be phrase records as encode writes them: the high byte of every
+// unit is 0, or 1 for "я". A script is not: its neutral records hold FF FF.
+bool couldBePhrases(std::span<const std::uint8_t> bytes);
+
 } // namespace parlex::phrasecodec
