@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
@@ -172,8 +173,9 @@ namespace {
 constexpr std::string_view kTemporaryPrefix = ".parlex-";
 constexpr std::size_t kTemporaryLength = kTemporaryPrefix.size() + 6;
 
-// A stray temporary file must be this old before a save takes it for the leftover
-// of a killed one (a live save holds a lock on its file anyway).
+// Where the file system cannot make unnamed files, a save's temporary file has a name
+// for a moment before its writer locks it: a stray one must then be this old before a
+// save takes it for the leftover of a killed one.
 constexpr std::time_t kStrayAgeSeconds = 10;
 
 std::unexpected<Error> writeFailure(const fs::path& path, int errorNumber) {
@@ -209,9 +211,10 @@ fs::path followLinks(const fs::path& path) {
     return p;
 }
 
-// Removes the temporary files of earlier saves into `folder` that were killed: old
-// enough, and no process holds the lock a live save keeps on its file.
-void removeStrayTemporaries(const fs::path& folder) {
+// Removes the temporary files of earlier saves into `folder` that were killed: no
+// process holds the lock a live save keeps on its file, and, with `anyAge` false,
+// old enough.
+void removeStrayTemporaries(const fs::path& folder, bool anyAge) {
     std::error_code ec;
     const std::time_t now = std::time(nullptr);
     for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
@@ -220,7 +223,7 @@ void removeStrayTemporaries(const fs::path& folder) {
             continue;
         struct stat st {};
         if (::lstat(it->path().c_str(), &st) != 0 || !S_ISREG(st.st_mode) ||
-            now - st.st_mtime < kStrayAgeSeconds)
+            (!anyAge && now - st.st_mtime < kStrayAgeSeconds))
             continue;
         const int fd = ::open(it->path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
         if (fd < 0)
@@ -229,6 +232,67 @@ void removeStrayTemporaries(const fs::path& folder) {
             ::unlink(it->path().c_str());
         ::close(fd);
     }
+}
+
+// The temporary file of a save in `folder`, open for writing and locked, with its
+// name ("" while it has none) and an error number when it could not be made.
+struct Temporary {
+    int fd = -1;
+    std::string name;
+    bool unnamed = false;
+    int error = 0;
+};
+
+// Where the file system allows, the file is made without a name (O_TMPFILE) and named
+// only once it is locked: then every unlocked temporary file in the folder is the
+// leftover of a killed save. Elsewhere it is made with its name at once.
+Temporary makeTemporary(const fs::path& folder) {
+    Temporary t;
+    if (const int injected = SaveFault::at(SaveStep::Create)) {
+        t.error = injected;
+        return t;
+    }
+    t.fd = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+    if (t.fd >= 0) {
+        t.unnamed = true;
+    } else if (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL) {
+        t.name = (folder / (std::string(kTemporaryPrefix) + "XXXXXX")).string();
+        t.fd = ::mkostemp(t.name.data(), O_CLOEXEC);
+    }
+    if (t.fd < 0) {
+        t.error = errno;
+        return t;
+    }
+    // The lock tells a later save that this file is not a stray one; it goes with
+    // the process.
+    ::flock(t.fd, LOCK_EX | LOCK_NB);
+    return t;
+}
+
+// Gives an unnamed temporary file a free name of the temporary pattern; an error
+// number, or 0.
+int nameTemporary(Temporary& t, const fs::path& folder) {
+    static constexpr char kLetters[] =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
+    const std::string link = "/proc/self/fd/" + std::to_string(t.fd);
+    unsigned seed = static_cast<unsigned>(::getpid()) ^ static_cast<unsigned>(std::time(nullptr)) ^
+                    static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(&t));
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        std::string name(kTemporaryPrefix);
+        for (int i = 0; i < 6; ++i) {
+            seed = seed * 1103515245u + 12345u;
+            name += kLetters[(seed >> 16) % (sizeof kLetters - 1)];
+        }
+        const std::string path = (folder / name).string();
+        if (::linkat(AT_FDCWD, link.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0 ||
+            ::linkat(t.fd, "", AT_FDCWD, path.c_str(), AT_EMPTY_PATH) == 0) {
+            t.name = path;
+            return 0;
+        }
+        if (errno != EEXIST)
+            return errno;
+    }
+    return EEXIST;
 }
 
 // Writes all of `bytes` at the start of `fd`; an error number, or 0.
@@ -338,53 +402,46 @@ Result<void> writeFileAtomic(const fs::path& path, std::span<const std::uint8_t>
     if (exists && S_ISREG(old.st_mode) && old.st_nlink > 1)
         return writeInPlace(target, bytes, old);
 
-    removeStrayTemporaries(folder);
-    std::string temporary = (folder / (std::string(kTemporaryPrefix) + "XXXXXX")).string();
-    int fd = -1;
-    if (const int injected = SaveFault::at(SaveStep::Create)) {
-        errno = injected;
-    } else {
-        fd = ::mkostemp(temporary.data(), O_CLOEXEC);
-    }
-    if (fd < 0) {
-        const int err = errno;
+    Temporary temporary = makeTemporary(folder);
+    if (temporary.fd < 0) {
+        const int err = temporary.error;
         // A folder that takes no new file, holding a file that may be written.
         if (exists && S_ISREG(old.st_mode) && (err == EACCES || err == EPERM))
             return writeInPlace(target, bytes, old);
         return writeFailure(path, err);
     }
-    // The lock tells a later save that this file is not a stray one; it goes with
-    // the process.
-    ::flock(fd, LOCK_EX | LOCK_NB);
+    removeStrayTemporaries(folder, temporary.unnamed);
     const auto discard = [&] {
-        ::close(fd);
-        ::unlink(temporary.c_str());
+        ::close(temporary.fd);
+        if (!temporary.name.empty())
+            ::unlink(temporary.name.c_str());
     };
-    if (const int err = writeAll(fd, bytes)) {
+    const auto fail = [&](int err) {
         discard();
         return writeFailure(path, err);
-    }
-    if (const int err = keepOwnership(fd, exists ? &old : nullptr)) {
+    };
+    if (const int err = writeAll(temporary.fd, bytes))
+        return fail(err);
+    if (const int err = keepOwnership(temporary.fd, exists ? &old : nullptr)) {
         discard();
         // The file itself keeps what it has when it is written over.
         if (exists && S_ISREG(old.st_mode))
             return writeInPlace(target, bytes, old);
         return writeFailure(path, err);
     }
-    if (const int err = syncFile(fd)) {
-        discard();
-        return writeFailure(path, err);
-    }
-    if (const int err = closeFile(fd)) {
-        ::unlink(temporary.c_str());
-        return writeFailure(path, err);
-    }
+    if (const int err = syncFile(temporary.fd))
+        return fail(err);
+    // The file stays open, and so locked, until it has its final name: a save that
+    // starts meanwhile must not take it for a stray.
+    if (const int err = SaveFault::at(SaveStep::Flush))
+        return fail(err);
+    if (temporary.unnamed)
+        if (const int err = nameTemporary(temporary, folder))
+            return fail(err);
     const int injected = SaveFault::at(SaveStep::Rename);
-    if (injected || ::rename(temporary.c_str(), target.c_str()) != 0) {
-        const int err = injected ? injected : errno;
-        ::unlink(temporary.c_str());
-        return writeFailure(path, err);
-    }
+    if (injected || ::rename(temporary.name.c_str(), target.c_str()) != 0)
+        return fail(injected ? injected : errno);
+    ::close(temporary.fd);
     syncFolder(folder);
     return {};
 }
