@@ -1,7 +1,10 @@
 // The per-script work of the whole-mod commands: lint of the example with a speech
-// file beside it, and a search by list code, against reading the script alone.
+// file beside it, and a search by list code, against reading the script alone; lint
+// of a mod of varied scripts against reading its files.
 #include "codelists/codelists.h"
+#include "corpus.h"
 #include "mod/lint.h"
+#include "mod/scripts.h"
 #include "mod/search.h"
 #include "npc/npcfile.h"
 #include "speech/edtfile.h"
@@ -62,3 +65,46 @@ static void BM_FindCode(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_FindCode);
+
+namespace {
+
+// 200 varied scripts, a speech file beside half of them.
+const std::vector<fs::path>& variedScripts() {
+    static const std::vector<fs::path> scripts = [] {
+        const fs::path root = modFolder() / "varied";
+        bench::writeMod(root, 200, 1);
+        return mod::collectScripts(std::span(&root, 1));
+    }();
+    return scripts;
+}
+
+} // namespace
+
+// Reading every file of the varied mod, as lint reads them: each script and the
+// speech file beside it.
+static void BM_ReadVariedMod(benchmark::State& state) {
+    const auto& scripts = variedScripts();
+    for (auto _ : state) {
+        for (const auto& script : scripts) {
+            auto bytes = npcformat::readScript(script);
+            auto speech =
+                EdtFile::load(fs::path(script).replace_extension(".EDT"), EdtKind::NpcDialogues);
+            benchmark::DoNotOptimize(bytes);
+            benchmark::DoNotOptimize(speech);
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(scripts.size()));
+}
+BENCHMARK(BM_ReadVariedMod)->Unit(benchmark::kMillisecond);
+
+// Lint of the same mod, on all cores as the command runs it (wall time).
+static void BM_LintVariedMod(benchmark::State& state) {
+    const auto& scripts = variedScripts();
+    const CodeLists lists(modFolder() / "lists", false);
+    for (auto _ : state) {
+        auto findings = mod::lintScripts(scripts, lists);
+        benchmark::DoNotOptimize(findings);
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(scripts.size()));
+}
+BENCHMARK(BM_LintVariedMod)->Unit(benchmark::kMillisecond)->UseRealTime();

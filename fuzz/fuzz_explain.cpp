@@ -1,6 +1,7 @@
 // The explainer over any 32 bytes: every field, each layout, with the built-in lists
 // and without any. Every field gets one sentence of text the program can show (UTF-8
-// that Windows-1251 holds but for the names a list may bring), the same each time.
+// that Windows-1251 holds but for the names a list may bring), the same each time,
+// and judging it alone agrees with the sentence.
 #include "check.h"
 #include "codelists/codelists.h"
 #include "explain/explainer.h"
@@ -35,6 +36,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         FUZZ_CHECK(twice.text == once.text && twice.remark == once.remark &&
                    twice.alert == once.alert && twice.phrase == once.phrase);
         FUZZ_CHECK(!once.phrase || field.index == 13);
+        // Judging without the sentence says what the sentence says.
+        const Verdict verdict = judge(&record, field.index, context);
+        FUZZ_CHECK(verdict.alert == once.alert && verdict.remark == !once.remark.empty());
         FUZZ_CHECK(explain(nullptr, field.index, context).text == "Запись не существует");
     }
     return 0;

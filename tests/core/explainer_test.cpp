@@ -25,13 +25,18 @@ protected:
     TempDir dir;
     CodeLists lists{dir.path()};
 
-    Explanation run(const Case& c) {
+    NpcRecord record(const Case& c) {
         NpcRecord r = kNeutralRecord;
         for (auto [field, value] : c.set)
             EXPECT_TRUE(setFieldValue(r, field, value)) << field << "=" << value;
+        return r;
+    }
+    Explanation run(const Case& c) {
+        const NpcRecord r = record(c);
         return explain(&r, c.field, ExplainContext{c.type, &lists, false, 0});
     }
 
+    // Each case's sentence, and the verdict that lint takes without the sentence.
     void check(const std::vector<Case>& cases) {
         for (const auto& c : cases) {
             const Explanation e = run(c);
@@ -40,6 +45,10 @@ protected:
             EXPECT_EQ(e.text, c.text) << where;
             EXPECT_EQ(e.alert, c.alert) << where;
             EXPECT_EQ(e.remark, c.remark) << where;
+            const NpcRecord r = record(c);
+            const Verdict v = judge(&r, c.field, ExplainContext{c.type, &lists, false, 0});
+            EXPECT_EQ(v.alert, c.alert) << where;
+            EXPECT_EQ(v.remark, !c.remark.empty()) << where;
         }
     }
 };

@@ -4,6 +4,8 @@
 #include "explain/fieldlayout.h"
 #include "speech/edtkind.h"
 
+#include <concepts>
+
 namespace parlex {
 namespace {
 
@@ -17,22 +19,26 @@ constexpr std::uint32_t kCharacters = 170;
 
 const char* const kTooManyPhrases = "В файле (speech).edt максимум может быть 143 фразы (0-142)!";
 
-Explanation normal(std::string text, std::string remark = {}) {
-    return {std::move(text), false, std::move(remark), std::nullopt};
-}
-Explanation red(std::string text) {
-    return {std::move(text), true, {}, std::nullopt};
-}
-
 std::string str(std::uint32_t v) {
     return std::to_string(v);
 }
 
+// A sentence as it is given: a fixed text, or a function that composes it.
+std::string compose(const char* text) {
+    return text;
+}
+template <std::invocable Composer> std::string compose(const Composer& composer) {
+    return composer();
+}
+
+// The rules of every field. Each rule gives its sentence as a fixed text or as a
+// function that composes it, so that judging a field (`compose` false: is it wrong,
+// has it a remark) costs no text: lint judges every field of every script and
+// composes only what it reports.
 class FieldExplainer {
 public:
-    FieldExplainer(const NpcRecord& record, int field, const ExplainContext& context)
-        : r_(record), i_(field), ctx_(context), v_(fieldValue(record, field)),
-          numberText_("№_" + str(v_) + " ") {}
+    FieldExplainer(const NpcRecord& record, int field, const ExplainContext& context, bool compose)
+        : r_(record), i_(field), ctx_(context), v_(fieldValue(record, field)), compose_(compose) {}
 
     Explanation run() const {
         switch (i_) {
@@ -55,7 +61,7 @@ public:
             return lastDay();
         case 11:
         case 26:
-            return normal(namedText());
+            return normal([&] { return namedText(); });
         case 12:
             return leadership();
         case 13:
@@ -69,8 +75,9 @@ public:
         case 19:
             return spare("Данный байт у всех существующих НПЦ равен \"00\"");
         case 24:
-            return v_ == kNoWord ? normal("Запись не перемещает НПЦ")
-                                 : normal("НПЦ переместиться на координаты " + str(v_));
+            return v_ == kNoWord
+                       ? normal("Запись не перемещает НПЦ")
+                       : normal([&] { return "НПЦ переместиться на координаты " + str(v_); });
         case 28:
             return spare("Данные байты у всех существующих НПЦ равны \"00\"");
         default:
@@ -79,9 +86,30 @@ public:
     }
 
 private:
+    template <class Text> Explanation normal(const Text& text, const char* remark = nullptr) const {
+        Explanation e;
+        if (compose_)
+            e.text = compose(text);
+        if (remark)
+            e.remark = remark;
+        return e;
+    }
+    template <class Text> Explanation red(const Text& text) const {
+        Explanation e = normal(text);
+        e.alert = true;
+        return e;
+    }
+
+    // "№_12 ": the value as a number.
+    std::string numberText() const { return "№_" + str(v_) + " "; }
+    // The value as a number, with its name from the field's list.
     std::string namedText() const {
         const std::string name = ctx_.lists ? ctx_.lists->lookupCode(i_, v_) : std::string("?");
-        return numberText_ + "<" + name + ">";
+        return numberText() + "<" + name + ">";
+    }
+    // The value alone with a remark, for a value the field cannot hold.
+    Explanation beyond(const char* remark) const {
+        return normal([&] { return numberText(); }, remark);
     }
 
     Explanation fireMode() const {
@@ -96,7 +124,7 @@ private:
             return normal("Эта запись сработает только один раз в день и до начала следующего "
                           "дня управление перейдет к стандартной записи");
         default:
-            return normal(numberText_, "(возможны только три значения: 0, 2 или 4)");
+            return beyond("(возможны только три значения: 0, 2 или 4)");
         }
     }
 
@@ -106,25 +134,30 @@ private:
             return normal(needed ? "Запись не проверяет наличия предметов у НПЦ"
                                  : "НПЦ не передает игроку никаких предметов");
         if (v_ >= kFirstCondition)
-            return normal(namedText());
-        return normal(needed ? "Предмет " + namedText() + " должен быть у НПЦ"
-                             : "При соблюдении всех условий НПЦ передает игроку предмет " +
-                                   namedText());
+            return normal([&] { return namedText(); });
+        return normal([&] {
+            return needed
+                       ? "Предмет " + namedText() + " должен быть у НПЦ"
+                       : "При соблюдении всех условий НПЦ передает игроку предмет " + namedText();
+        });
     }
 
     Explanation trigger() const {
         if (v_ == kNoWord) {
             if (i_ == 20)
                 return normal("Запись не переводит трииггеры в логическое значение TRUE");
-            return normal(std::string("Запись не проверяет триггеры на логическое условие ") +
-                          (i_ == 4 ? "TRUE" : "FALSE"));
+            return normal(i_ == 4 ? "Запись не проверяет триггеры на логическое условие TRUE"
+                                  : "Запись не проверяет триггеры на логическое условие FALSE");
         }
         if (v_ >= kTriggers)
-            return normal(numberText_, "(всего существует 500 триггеров [0-499])");
+            return beyond("(всего существует 500 триггеров [0-499])");
         if (i_ == 20)
-            return normal("Триггер " + namedText() + " будет переведен в значение TRUE");
-        return normal("Триггер " + namedText() + " должен иметь значение " +
-                      (i_ == 4 ? "TRUE" : "FALSE"));
+            return normal(
+                [&] { return "Триггер " + namedText() + " будет переведен в значение TRUE"; });
+        return normal([&] {
+            return "Триггер " + namedText() + " должен иметь значение " +
+                   (i_ == 4 ? "TRUE" : "FALSE");
+        });
     }
 
     Explanation quest() const {
@@ -140,11 +173,12 @@ private:
         }
         switch (i_) {
         case 8:
-            return normal("Квест " + namedText() + " уже должен быть получен игроком");
+            return normal(
+                [&] { return "Квест " + namedText() + " уже должен быть получен игроком"; });
         case 15:
-            return normal("Игрок получает квест " + namedText());
+            return normal([&] { return "Игрок получает квест " + namedText(); });
         default:
-            return normal("Квест " + namedText() + " будет считаться выполненым");
+            return normal([&] { return "Квест " + namedText() + " будет считаться выполненым"; });
         }
     }
 
@@ -152,8 +186,9 @@ private:
         if (v_ == kNoByte)
             return red("Эта запись не сработает никогда!");
         const int last = r_[10];
-        Explanation e = normal(v_ == 0 ? std::string("Запись сработает с начала игры")
-                                       : "Запись сработает только с " + str(v_) + " дня");
+        Explanation e =
+            v_ == 0 ? normal("Запись сработает с начала игры")
+                    : normal([&] { return "Запись сработает только с " + str(v_) + " дня"; });
         if (last == 0 || last - static_cast<int>(v_) <= 0)
             e.remark = ", но значение байта 11 не верно!";
         return e;
@@ -166,22 +201,28 @@ private:
         if (v_ <= first) {
             if (first == 0)
                 return red("Запись не может сработать с начала игры и до 0 дня!");
-            return red("Запись не может сработать с " + str(first) + " и до " + str(v_) + " дня!");
+            return red([&] {
+                return "Запись не может сработать с " + str(first) + " и до " + str(v_) + " дня!";
+            });
         }
         if (v_ == kNoByte)
             return normal("Ограничения на срабатывание данной записи нет");
-        return normal("Запись сработает начиная с " + str(first) + " и до " + str(v_) + " дня");
+        return normal([&] {
+            return "Запись сработает начиная с " + str(first) + " и до " + str(v_) + " дня";
+        });
     }
 
     Explanation leadership() const {
         if (v_ > 100)
-            return red("Уровень лидерства не может быть " + str(v_) + "!");
+            return red([&] { return "Уровень лидерства не может быть " + str(v_) + "!"; });
         if (v_ == 0)
             return normal(
                 "Запись сработает независимо от уровня лидерства говорящего с НПЦ наемника");
-        return normal("Запись сработает только если уровень лидерства говорящего с НПЦ наемника "
-                      "будет не меньше чем " +
-                      str(v_));
+        return normal([&] {
+            return "Запись сработает только если уровень лидерства говорящего с НПЦ наемника "
+                   "будет не меньше чем " +
+                   str(v_);
+        });
     }
 
     Explanation phraseFirst() const {
@@ -192,9 +233,9 @@ private:
         else if (v_ == kNoByte)
             e = red("Значение байта 15 не верно!");
         else if (v_ > kLastPhrase)
-            e = normal(numberText_, kTooManyPhrases);
+            e = beyond(kTooManyPhrases);
         else {
-            e = normal("НПЦ скажет фразу " + numberText_.substr(0, numberText_.size() - 1));
+            e = normal([&] { return "НПЦ скажет фразу №_" + str(v_); });
             if (count > kPhraseSlots || count == 0 || v_ + count > kPhraseSlots)
                 e.remark = ", но значение байта 15 не верно!";
         }
@@ -206,7 +247,6 @@ private:
 
     Explanation phraseCount() const {
         const std::uint32_t first = r_[13];
-        const std::string word = phraseWord(v_);
         if (first == kNoByte && v_ == 1)
             return normal("НПЦ ничего не скажет");
         if (first == kNoByte)
@@ -215,46 +255,50 @@ private:
         if (first > kLastPhrase)
             return red("Значение байта 14 не верно!");
         if (v_ > kPhraseSlots)
-            return normal(numberText_, kTooManyPhrases);
+            return beyond(kTooManyPhrases);
         if (v_ + first > kPhraseSlots)
-            return red("НПЦ не сможет сказать " + str(v_) + word + "после фразы №_" + str(first) +
-                       ", т. к. в файле (speech).edt может быть максимум 143 фразы (0-142)!");
+            return red([&] {
+                return "НПЦ не сможет сказать " + str(v_) + phraseWord(v_) + "после фразы №_" +
+                       str(first) +
+                       ", т. к. в файле (speech).edt может быть максимум 143 фразы (0-142)!";
+            });
         if (v_ == 0)
             return red("По умолчанию этот байт должен быть равен \"01\"!");
         if (v_ == 1)
-            return normal("НПЦ скажет только фразу №_" + str(first));
-        return normal("НПЦ скажет " + str(v_) + word + "после фразы №_" + str(first) +
-                      " (включительно)");
+            return normal([&] { return "НПЦ скажет только фразу №_" + str(first); });
+        return normal([&] {
+            return "НПЦ скажет " + str(v_) + phraseWord(v_) + "после фразы №_" + str(first) +
+                   " (включительно)";
+        });
     }
 
     Explanation jumpNpc() const {
         if (v_ == kNoByte)
             return normal("Запись не передает управление");
         if (v_ >= kCharacters)
-            return normal(numberText_, "В игре всего 170 (0-169) персонажей!");
-        return normal("Управление переходит к " + namedText());
+            return beyond("В игре всего 170 (0-169) персонажей!");
+        return normal([&] { return "Управление переходит к " + namedText(); });
     }
 
     Explanation jumpRecord() const {
         if (v_ == kNoByte)
             return normal("Запись не передает управление");
         if (ctx_.fileType == NpcFileType::Ja && v_ > 48)
-            return normal(numberText_, "Файл формата \"Агонии власти\" может иметь максимум 49 "
-                                       "(0-48) записей!");
+            return beyond("Файл формата \"Агонии власти\" может иметь максимум 49 (0-48) записей!");
         if (ctx_.fileType == NpcFileType::Ub && v_ > 49)
-            return normal(numberText_, "Может быть не более 50 (0-49) записей по 32 байта!");
-        return normal("Управление передается на запись №_" + str(v_ + 1));
+            return beyond("Может быть не более 50 (0-49) записей по 32 байта!");
+        return normal([&] { return "Управление передается на запись №_" + str(v_ + 1); });
     }
 
-    Explanation spare(const std::string& text) const {
-        return v_ == 0 ? normal(text) : red(text + "!");
+    Explanation spare(const char* text) const {
+        return v_ == 0 ? normal(text) : red([&] { return std::string(text) + "!"; });
     }
 
     const NpcRecord& r_;
     int i_;
     const ExplainContext& ctx_;
     std::uint32_t v_;
-    std::string numberText_;
+    bool compose_;
 };
 
 } // namespace
@@ -272,10 +316,17 @@ std::string phraseWord(std::uint32_t count) {
 
 Explanation explain(const NpcRecord* record, int fieldIndex, const ExplainContext& context) {
     if (record == nullptr)
-        return red("Запись не существует");
+        return {"Запись не существует", true, {}, std::nullopt};
     if (isEmptyRecord(*record))
-        return red("Запись пустая");
-    return FieldExplainer(*record, fieldIndex, context).run();
+        return {"Запись пустая", true, {}, std::nullopt};
+    return FieldExplainer(*record, fieldIndex, context, true).run();
+}
+
+Verdict judge(const NpcRecord* record, int fieldIndex, const ExplainContext& context) {
+    if (record == nullptr || isEmptyRecord(*record))
+        return {true, false};
+    const Explanation e = FieldExplainer(*record, fieldIndex, context, false).run();
+    return {e.alert, !e.remark.empty()};
 }
 
 } // namespace parlex

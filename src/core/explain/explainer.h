@@ -32,6 +32,14 @@ struct Explanation {
 // a field's first byte index, as fieldStart gives it.
 Explanation explain(const NpcRecord* record, int fieldIndex, const ExplainContext& context);
 
+// What lint needs of a field: whether explain would mark it wrong and whether it
+// would add a remark, found without composing the sentence.
+struct Verdict {
+    bool alert = false;
+    bool remark = false;
+};
+Verdict judge(const NpcRecord* record, int fieldIndex, const ExplainContext& context);
+
 // The noun after a number of phrases, blanks on both sides: " фразу ", " фразы ", " фраз ".
 std::string phraseWord(std::uint32_t count);
 

@@ -27,9 +27,10 @@ struct Speech {
     int phrasesOnDisk = 0;
 };
 
-Speech readSpeech(const fs::path& script, std::vector<Finding>& findings) {
+Speech readSpeech(const fs::path& script, const CompanionIndex& companions,
+                  std::vector<Finding>& findings) {
     Speech speech;
-    const auto path = findCompanion(script);
+    const auto path = companions.find(script);
     if (!path)
         return speech;
     auto file = EdtFile::load(*path, EdtKind::NpcDialogues);
@@ -68,14 +69,14 @@ void lintPhrases(const fs::path& script, int position, const NpcRecord& record,
 }
 
 void lintBytes(const fs::path& path, const npcformat::FileBytes& bytes, const CodeLists& lists,
-               std::vector<Finding>& findings) {
+               const CompanionIndex& companions, std::vector<Finding>& findings) {
     const NpcFile script = NpcFile::fromBytes(bytes, path);
     if (script.type() == NpcFileType::Ja &&
         std::any_of(bytes.begin() + kJaTail, bytes.end(), [](std::uint8_t b) { return b != 0; }))
         findings.push_back({path, std::nullopt, std::nullopt, Severity::Warning,
                             "хвост файла \"ja\" (байты 1573-1600) не нулевой: сохранение "
                             "запишет туда нули"});
-    const Speech speech = readSpeech(path, findings);
+    const Speech speech = readSpeech(path, companions, findings);
     const ExplainContext context{script.type(), &lists, false, 0};
     for (std::size_t i = 0; i < script.recordCount(); ++i) {
         const NpcRecord& record = script.record(i);
@@ -83,6 +84,10 @@ void lintBytes(const fs::path& path, const npcformat::FileBytes& bytes, const Co
             continue;
         const int position = static_cast<int>(i) + 1;
         for (const FieldInfo& field : fieldTable()) {
+            // Most fields are fine: their sentence is composed only for a finding.
+            const Verdict verdict = judge(&record, field.index, context);
+            if (!verdict.alert && !verdict.remark)
+                continue;
             const Explanation e = explain(&record, field.index, context);
             if (e.alert)
                 findings.push_back({path, position, field.index, Severity::Error,
@@ -116,7 +121,11 @@ std::vector<Finding> lintScript(const fs::path& path, const CodeLists& lists) {
 }
 
 std::vector<Finding> lintScripts(std::span<const fs::path> scripts, const CodeLists& lists) {
-    return checkScripts(scripts, lists, lintBytes);
+    const CompanionIndex companions(scripts);
+    return checkScripts(
+        scripts, lists,
+        [&](const fs::path& path, const npcformat::FileBytes& bytes, const CodeLists& own,
+            std::vector<Finding>& findings) { lintBytes(path, bytes, own, companions, findings); });
 }
 
 } // namespace parlex::mod

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <set>
 #include <string>
 
 namespace parlex {
@@ -23,23 +24,35 @@ std::filesystem::path companionPath(const std::filesystem::path& scriptPath) {
            platform::pathFromUtf8(npc ? title.substr(0, title.size() - 3) + "EDT" : title + ".EDT");
 }
 
-std::optional<std::filesystem::path> findCompanion(const std::filesystem::path& scriptPath) {
-    const std::filesystem::path wanted = companionPath(scriptPath);
-    std::error_code ec;
-    if (std::filesystem::is_regular_file(wanted, ec))
-        return wanted;
-    const std::string stem = platform::utf8(wanted.stem());
-    const std::filesystem::path folder = wanted.parent_path().empty() ? "." : wanted.parent_path();
-    std::optional<std::filesystem::path> found;
-    for (auto it = std::filesystem::directory_iterator(folder, ec);
-         !ec && it != std::filesystem::directory_iterator(); it.increment(ec)) {
-        const auto& name = it->path().filename();
-        if (platform::utf8(name.stem()) == stem &&
-            upper(platform::utf8(name.extension())) == ".EDT" && it->is_regular_file(ec) &&
-            (!found || name < found->filename()))
-            found = it->path(); // several spellings: the first by name, the same every time
+CompanionIndex::CompanionIndex(std::span<const std::filesystem::path> scripts) {
+    std::set<std::filesystem::path> folders;
+    for (const auto& script : scripts)
+        folders.insert(script.parent_path());
+    for (const auto& folder : folders) {
+        std::error_code ec;
+        for (auto it = std::filesystem::directory_iterator(folder.empty() ? "." : folder, ec);
+             !ec && it != std::filesystem::directory_iterator(); it.increment(ec)) {
+            const auto name = it->path().filename();
+            if (upper(platform::utf8(name.extension())) != ".EDT" || !it->is_regular_file(ec))
+                continue;
+            auto [at, added] = files_.try_emplace({folder, platform::utf8(name.stem())}, name);
+            if (!added && name < at->second)
+                at->second = name; // several spellings: the first by name, the same every time
+        }
     }
-    return found;
+}
+
+std::optional<std::filesystem::path>
+CompanionIndex::find(const std::filesystem::path& scriptPath) const {
+    const std::filesystem::path wanted = companionPath(scriptPath);
+    const auto found = files_.find({wanted.parent_path(), platform::utf8(wanted.stem())});
+    if (found == files_.end())
+        return std::nullopt;
+    return wanted.parent_path() / found->second;
+}
+
+std::optional<std::filesystem::path> findCompanion(const std::filesystem::path& scriptPath) {
+    return CompanionIndex(std::span(&scriptPath, 1)).find(scriptPath);
 }
 
 } // namespace parlex

@@ -1,7 +1,11 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <optional>
+#include <span>
+#include <string>
+#include <utility>
 
 namespace parlex {
 
@@ -10,9 +14,22 @@ namespace parlex {
 // ".EDT" added.
 std::filesystem::path companionPath(const std::filesystem::path& scriptPath);
 
-// The companion as it lies on disk: the same name with its extension in any case
-// (053.edt, 053.Edt), since a file system may tell cases apart. Nothing when none
-// is there.
+// The companions as they lie on disk beside many scripts, each folder read once: the
+// same name with its extension in any case (053.EDT, 053.edt, 053.Edt), since a file
+// system may tell cases apart; of several spellings the first by name, which is the
+// exact one when it is there.
+class CompanionIndex {
+public:
+    explicit CompanionIndex(std::span<const std::filesystem::path> scripts);
+    // Nothing when no speech file of the script is there.
+    std::optional<std::filesystem::path> find(const std::filesystem::path& scriptPath) const;
+
+private:
+    // By folder as given and title without extension (UTF-8): the file's name.
+    std::map<std::pair<std::filesystem::path, std::string>, std::filesystem::path> files_;
+};
+
+// The companion of one script as it lies on disk, or nothing.
 std::optional<std::filesystem::path> findCompanion(const std::filesystem::path& scriptPath);
 
 } // namespace parlex
