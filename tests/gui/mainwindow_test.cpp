@@ -6,6 +6,8 @@
 #include "mainwindow/mainwindow.h"
 #include "windowtest.h"
 
+#include <QAccessible>
+#include <QAccessibleInterface>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -14,6 +16,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSlider>
@@ -38,6 +41,8 @@ private slots:
     void alertAndRemarkAreShown();
     void longSentencesAreElidedWithTheirTextAsToolTip();
     void theLongestHelpTextCanBeReadWhole();
+    void theHelpTextKeepsItsLines();
+    void selfDrawnTextsAreReadByAssistiveTechnology();
     void keysReachTheMapFromAnyControl();
     void letterKeysWorkWithARussianLayout();
     void undoAndRedoFromTheMenuAndKeys();
@@ -223,6 +228,46 @@ void MainWindowTest::theLongestHelpTextCanBeReadWhole() {
                             .arg(tallestField)
                             .arg(area->viewport()->height())
                             .arg(tallest)));
+}
+
+// Title, empty line, body lines: each on a line of its own, as wide as the area is.
+void MainWindowTest::theHelpTextKeepsItsLines() {
+    QVERIFY(open(write("h.npc", testutil::script({1}))));
+    hoverOn(3); // byte 04: the item needed
+    auto* help = child<HelpText>("LblHelp");
+    const QStringList lines = help->text().split(QRegularExpression("\r?\n"));
+    QVERIFY2(lines.size() > 3 && lines.at(1).isEmpty(), qPrintable(help->text()));
+    const int wide = 10000; // no line wraps
+    const int line = HelpText::measure("X", help->font(), wide);
+    const int height = HelpText::measure(help->text(), help->font(), wide);
+    QVERIFY2(std::abs(height - int(lines.size()) * line) <= lines.size(),
+             qPrintable(
+                 QString("%1 pixels for %2 lines of %3").arg(height).arg(lines.size()).arg(line)));
+}
+
+// What the window draws itself is published as static text whose name and value are
+// the text shown at the moment of asking.
+void MainWindowTest::selfDrawnTextsAreReadByAssistiveTechnology() {
+    QVERIFY(open(write("a.npc", testutil::script({1}))));
+    const auto reader = [&](const char* name) {
+        return QAccessible::queryAccessibleInterface(child(name));
+    };
+    const char* const names[] = {"LblHelp", "LblInfo",   "LblSize", "SBarD_1", "SBarD_2",
+                                 "SBarD_3", "SBarInf_1", "SBar_1",  "SBar_2",  "SBar_3"};
+    for (int byte : {3, 19}) { // the item needed; byte 20, wrong
+        hoverOn(byte);
+        for (const char* name : names) {
+            QAccessibleInterface* read = reader(name);
+            QVERIFY2(read, name);
+            QCOMPARE(read->role(), QAccessible::StaticText);
+            const QString shown = child(name)->property("text").toString();
+            QCOMPARE(read->text(QAccessible::Name), shown);
+            QCOMPARE(read->text(QAccessible::Value), shown);
+        }
+    }
+    QVERIFY(reader("LblHelp")->text(QAccessible::Name).startsWith("Байт 20"));
+    QVERIFY(reader("LblInfo")->text(QAccessible::Name).startsWith("Данный байт"));
+    QVERIFY(!reader("SBarInf_1")->text(QAccessible::Name).isEmpty());
 }
 
 void MainWindowTest::keysReachTheMapFromAnyControl() {

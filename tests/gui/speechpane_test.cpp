@@ -7,6 +7,8 @@
 #include "speech/speechpane.h"
 #include "windowtest.h"
 
+#include <QAccessible>
+#include <QAccessibleInterface>
 #include <QHelpEvent>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -267,6 +269,11 @@ void SpeechPaneTest::propertiesTellWhatTheFileHolds() {
     QCOMPARE(window.value(6), "NumPad ...");
     QCOMPARE(window.value(11), "Page Down");
     QCOMPARE(window.value(15), "Ctrl+F1");
+    // The painted caption of a value reaches a screen reader with the value.
+    QAccessibleInterface* count =
+        QAccessible::queryAccessibleInterface(window.findChild<QLabel*>("Lbl1"));
+    QCOMPARE(count->text(QAccessible::Name), window.value(1));
+    QCOMPARE(count->text(QAccessible::Description), QString("Число существующих строк"));
     // Centred over the main window.
     QVERIFY(qAbs(window.frameGeometry().center().x() - win().frameGeometry().center().x()) <= 2);
 }

@@ -1,5 +1,7 @@
 #include "mainwindow/elidedlabel.h"
 
+#include "app/accessibletext.h"
+
 #include <QEvent>
 #include <QPainter>
 #include <QResizeEvent>
@@ -9,6 +11,7 @@ namespace parlex::gui {
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    markAsStaticText(this); // the whole text, also where the line shows it cut
 }
 
 void ElidedLabel::setFullText(const QString& text) {
@@ -16,6 +19,7 @@ void ElidedLabel::setFullText(const QString& text) {
         return;
     setText(text);
     measure();
+    announceTextChange(this);
 }
 
 void ElidedLabel::measure() {

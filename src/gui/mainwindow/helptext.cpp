@@ -1,5 +1,7 @@
 #include "mainwindow/helptext.h"
 
+#include "app/accessibletext.h"
+
 #include <QEvent>
 #include <QPainter>
 #include <QTextLayout>
@@ -22,6 +24,18 @@ void breakLines(QTextLayout& layout, int width) {
     layout.endLayout();
 }
 
+// A text layout knows no CR LF: each line break of the text becomes the Unicode line
+// separator, which ends a line there, so the title, the empty line and every body
+// line stand on lines of their own.
+QString withLineSeparators(const QString& text) {
+    if (!text.contains(QLatin1Char('\n')))
+        return text;
+    QString shown = text;
+    shown.replace(QLatin1String("\r\n"), QString(QChar::LineSeparator));
+    shown.replace(QLatin1Char('\n'), QChar::LineSeparator);
+    return shown;
+}
+
 int heightOf(const QTextLayout& layout) {
     return layout.lineCount() == 0 ? 0 : qCeil(layout.boundingRect().height());
 }
@@ -30,12 +44,13 @@ int heightOf(const QTextLayout& layout) {
 
 HelpText::HelpText(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    markAsStaticText(this);
 }
 
 HelpText::~HelpText() = default;
 
 int HelpText::measure(const QString& text, const QFont& font, int width) {
-    QTextLayout layout(text, font);
+    QTextLayout layout(withLineSeparators(text), font);
     QTextOption option;
     option.setWrapMode(QTextOption::WordWrap);
     layout.setTextOption(option);
@@ -50,7 +65,7 @@ HelpText::LaidOut& HelpText::laidOut(const QString& text, int width) const {
     if (layouts_.size() >= kMostLayouts)
         layouts_.clear();
     auto entry = std::make_shared<LaidOut>();
-    entry->layout = std::make_unique<QTextLayout>(text, font());
+    entry->layout = std::make_unique<QTextLayout>(withLineSeparators(text), font());
     QTextOption option(alignment_);
     option.setWrapMode(QTextOption::WordWrap);
     entry->layout->setTextOption(option);
@@ -74,6 +89,7 @@ void HelpText::setText(const QString& text) {
     if (heightForWidth(width()) != before)
         updateGeometry(); // only a new height makes the area lay out again
     update();
+    announceTextChange(this);
 }
 
 void HelpText::setAlignment(Qt::Alignment alignment) {

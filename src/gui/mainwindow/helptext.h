@@ -17,6 +17,7 @@ namespace parlex::gui {
 // too, so showing a text again is one copy of pixels.
 class HelpText : public QWidget {
     Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText)
 public:
     explicit HelpText(QWidget* parent = nullptr);
     ~HelpText() override;

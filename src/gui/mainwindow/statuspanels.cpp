@@ -1,5 +1,7 @@
 #include "mainwindow/statuspanels.h"
 
+#include "app/accessibletext.h"
+
 #include "platform/files.h"
 #include "text/pathfit.h"
 
@@ -20,6 +22,14 @@ void StatusPanels::setPath(int panel, const std::filesystem::path& path, int spa
     setText(panel, QString::fromStdString(fitted));
 }
 
+void StatusPanels::setText(int panel, const QString& text) {
+    QLabel* shown = label(panel);
+    if (shown->text() == text)
+        return;
+    shown->setText(text);
+    announceTextChange(shown);
+}
+
 StatusPanels::StatusPanels(const QString& name, int panels, int stretch, QWidget* parent)
     : SelfPlacingFrame(parent), stretch_(stretch) {
     setObjectName(name);
@@ -30,6 +40,7 @@ StatusPanels::StatusPanels(const QString& name, int panels, int stretch, QWidget
         label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         label->setMinimumWidth(16);
         label->setTextFormat(Qt::PlainText);
+        markAsStaticText(label);
         labels_.push_back(label);
         pictures_.push_back(nullptr);
     }

@@ -16,7 +16,7 @@ public:
     // `stretch` is the panel that takes the width the others leave (0: none).
     StatusPanels(const QString& name, int panels, int stretch, QWidget* parent = nullptr);
 
-    void setText(int panel, const QString& text) { label(panel)->setText(text); }
+    void setText(int panel, const QString& text);
     QString text(int panel) const { return label(panel)->text(); }
     // A file's path shortened to fit the panel's width, with `spare` pixels left free:
     // the start of the path gives way first, the file name last.

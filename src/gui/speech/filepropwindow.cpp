@@ -89,6 +89,8 @@ FilePropWindow::FilePropWindow(const session::SpeechDocument& speech, bool shrin
         label->setText(row.keyText ? QString(row.keyText)
                                    : QString::fromStdString(values[row.label]));
         label->adjustSize();
+        // The caption beside it is painted, not a widget: a screen reader hears it here.
+        label->setAccessibleDescription(row.text);
         label->move(px(kLabelLeft), px(row.labelTop));
         label->installEventFilter(this); // a click on a label closes the window too
         labels_[static_cast<std::size_t>(row.label)] = label;
