@@ -20,8 +20,12 @@ $(BUILD)/CMakeCache.txt:
 build: deps $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS)
 
-# Starts the window on the example script.
+# Starts the window on the example script with its speech file (examples/053.EDT).
+# The program in $(BUILD) keeps its settings beside it; where there are none yet,
+# they start as the program's defaults with "open the speech file too" on.
+SETTINGS_FLAGS = FlagOverwrite=1 ShowMessages=1 AutoLoad=1
 run: build
+	@test -e $(BUILD)/Parlex.ini || printf '%s\r\n' '[INTERFACE]' $(SETTINGS_FLAGS) >$(BUILD)/Parlex.ini
 	$(BUILD)/parlex $(EXAMPLE)
 
 # The command-line tool on the example: its layout, bytes and every record in words.

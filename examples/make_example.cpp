@@ -1,7 +1,10 @@
-// Writes examples/053.npc: a hand-made "ub" script whose records touch most fields.
+// Writes examples/053.npc, a hand-made "ub" script whose records touch most fields,
+// and beside it 053.EDT, the NPC dialogues with the phrases its records speak.
 // Usage: make-example OUT.npc
 #include "explain/fieldlayout.h"
 #include "npc/npcfile.h"
+#include "speech/companion.h"
+#include "speech/edtfile.h"
 
 #include <iostream>
 
@@ -55,6 +58,29 @@ int main(int argc, char** argv) {
     file.setRecord(19, rule({{0, 0}, {11, 28}, {13, 9}, {14, 1}, {26, 41}}));
     // Records 12-19 and 21-50 stay empty.
     if (auto saved = file.saveAs(argv[1]); !saved) {
+        std::cerr << saved.error().message << "\n";
+        return 1;
+    }
+
+    // The phrases the records speak (bytes 14-15), but those of record 9, which are
+    // meant to lie past the end of the speech file.
+    EdtFile speech = EdtFile::makeNew(EdtKind::NpcDialogues);
+    const std::pair<int, const char*> phrases[] = {
+        {0, "Привет, чужак. Давно у нас не было гостей."},
+        {3, "Рад тебя видеть! Заходи, поговорим."},
+        {4, "Только не задерживайся: дел у меня много."},
+        {9, "Прощай. Береги себя."},
+        {11, "Письмо? От брата? Давай его сюда!"},
+        {12, "Он пишет, что на шахте беда. Помоги ему, прошу."},
+        {13, "Я отмечу на карте, где его искать."},
+        {14, "Спасибо, ты сделал всё, о чём я просил."},
+        {15, "Вот, возьми. А мне пора идти."},
+        {16, "За хорошую плату я пойду с тобой."},
+        {17, "Деньги вперёд."},
+    };
+    for (const auto& [number, text] : phrases)
+        (void)speech.setPhrase(number, text);
+    if (auto saved = speech.saveAs(companionPath(argv[1])); !saved) {
         std::cerr << saved.error().message << "\n";
         return 1;
     }

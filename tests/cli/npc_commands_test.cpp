@@ -236,6 +236,8 @@ TEST(Example, BundledScriptIsWhatTheGeneratorWrites) {
     auto run = clitest::runProgram(PARLEX_MAKE_EXAMPLE, {(dir / "053.npc").string()});
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(testutil::readBytes(dir / "053.npc"), testutil::readBytes(PARLEX_EXAMPLE));
+    const auto speech = std::filesystem::path(PARLEX_EXAMPLE).replace_extension(".EDT");
+    EXPECT_EQ(testutil::readBytes(dir / "053.EDT"), testutil::readBytes(speech));
 }
 
 } // namespace
