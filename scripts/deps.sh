@@ -11,7 +11,7 @@ if [ "${1:-}" = windows ]; then
 elif [ "${1:-}" = fuzz ]; then
     packages=(make cmake clang-16 libclang-rt-16-dev libc++-16-dev libc++abi-16-dev)
 else
-packages=(make cmake g++ libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev
+packages=(make cmake g++ clang-format libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev
           qt6-translations-l10n qt6-svg-dev xdg-utils shared-mime-info desktop-file-utils
           appstream help2man file dpkg-dev gettext)
 fi

@@ -41,7 +41,6 @@ public:
     std::string currentHex() const; // the field in the copy: "0C 01"
     std::uint32_t currentValue() const;
     const NpcRecord& copy() const { return copy_; }
-    int recordIndex() const { return recordIndex_; }
 
     // ------------------------------------------------------------ the entry
     // The text typed or pasted. Text that is no number at all is refused and the

@@ -39,9 +39,6 @@ public:
 
     // ------------------------------------------------------------ what is open
     const NpcFile* script() const { return npc_ ? &*npc_ : nullptr; }
-    // The path of the last script opened or saved. It outlives a new document, so
-    // the open dialog starts where the user last was.
-    const std::filesystem::path& lastScriptPath() const { return lastPath_; }
     const RecordBuffer& recordBuffer() const { return buffer_; }
     const CodeLists& codeLists() const { return lists_; }
     const std::filesystem::path& programDir() const { return programDir_; }
@@ -165,6 +162,8 @@ private:
     Options options_;
     SpeechDocument speech_;
     std::optional<NpcFile> npc_;
+    // The last script opened or saved: it outlives a new document, so the open dialog
+    // starts where the user last was.
     std::filesystem::path lastPath_;
     RecordBuffer buffer_;
     EditHistory history_;

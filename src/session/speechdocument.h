@@ -72,7 +72,6 @@ signals:
     void companionMissing(const QString& title);
 
 private:
-    std::optional<EdtKind> chooseOpen(std::filesystem::path& path);
     void replace(EdtFile file);
     bool writeTo(const std::filesystem::path& path);
     QString startFolder() const;

@@ -36,7 +36,6 @@ public:
 
     std::string phrase(int index) const; // UTF-8
     const std::string& phraseBytes(int index) const { return phrases_.at(index); }
-    const std::vector<std::string>& phrasesBytes() const { return phrases_; }
 
     // Replaces a phrase. Characters that Windows-1251 cannot hold and control
     // characters are refused, and the phrase stays as it was. A phrase may be longer
