@@ -68,9 +68,14 @@ std::vector<std::filesystem::path> pathArgs(const std::vector<std::string>& word
 }
 
 std::optional<long long> parseNumber(std::string_view text, long long min, long long max) {
+    int base = 10;
+    if (text.starts_with("0x") || text.starts_with("0X")) {
+        text.remove_prefix(2);
+        base = 16;
+    }
     long long value = 0;
     const auto* end = text.data() + text.size();
-    const auto [ptr, ec] = std::from_chars(text.data(), end, value);
+    const auto [ptr, ec] = std::from_chars(text.data(), end, value, base);
     if (text.empty() || ec != std::errc() || ptr != end || value < min || value > max)
         return std::nullopt;
     return value;

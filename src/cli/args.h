@@ -46,7 +46,8 @@ std::variant<Args, UsageError> parseArgs(std::span<char* const> words,
 std::filesystem::path pathArg(std::string_view utf8);
 std::vector<std::filesystem::path> pathArgs(const std::vector<std::string>& words);
 
-// Parses a whole decimal number in [min, max]; nothing if the text is anything else.
+// A whole number written in decimal or in hex ("0x1F", as the grid shows bytes)
+// within [min, max]; nothing for anything else.
 std::optional<long long> parseNumber(std::string_view text, long long min, long long max);
 
 } // namespace parlex::cli

@@ -55,10 +55,6 @@ using ScriptOutput = std::function<Result<std::string>(const std::filesystem::pa
 int forEachScript(const Args& args, std::string_view command,
                   const std::function<ScriptOutput()>& makeOne, Io io);
 
-// A number written in decimal or in hex ("0x1F", as the grid shows bytes) within
-// [min, max]; nothing for anything else.
-std::optional<long long> parseValue(std::string_view text, long long min, long long max);
-
 // The one rule for numbers on the command line: `given`, the word of `option` (an
 // option such as "--record", or a name such as "КОД"), must be a whole number in
 // decimal or hex (0x1F) within [min, max]. Anything else is a usage complaint that

@@ -8,7 +8,6 @@
 #include "speech/edtfile.h"
 
 #include <algorithm>
-#include <charconv>
 #include <ostream>
 
 namespace parlex::cli {
@@ -68,21 +67,9 @@ int forEachScript(const Args& args, std::string_view command,
     return status;
 }
 
-std::optional<long long> parseValue(std::string_view text, long long min, long long max) {
-    if (!text.starts_with("0x") && !text.starts_with("0X"))
-        return parseNumber(text, min, max);
-    text.remove_prefix(2);
-    long long value = 0;
-    const auto* end = text.data() + text.size();
-    const auto [ptr, ec] = std::from_chars(text.data(), end, value, 16);
-    if (text.empty() || ec != std::errc() || ptr != end || value < min || value > max)
-        return std::nullopt;
-    return value;
-}
-
 std::optional<long long> numberArg(std::string_view command, std::string_view option,
                                    std::string_view given, long long min, long long max, Io io) {
-    if (auto value = parseValue(given, min, max))
+    if (auto value = parseNumber(given, min, max))
         return value;
     usage(command,
           std::string(option) + ": \"" + std::string(given) +

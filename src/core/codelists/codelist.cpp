@@ -25,9 +25,20 @@ constexpr std::array<CodeList, 7> kLists{{
 
 using Table = std::map<std::uint32_t, std::string>;
 
-// "code=text" lines of a data file.
-Table parseTable(std::string_view data) {
-    Table table;
+const Table& builtInTable(ListKey key) {
+    static const std::array<Table, 7> tables = [] {
+        std::array<Table, 7> t;
+        for (const auto& list : kLists)
+            t[static_cast<std::size_t>(list.key)] = codeTable(embedded::file(list.dataFile));
+        return t;
+    }();
+    return tables[static_cast<std::size_t>(key)];
+}
+
+} // namespace
+
+std::map<std::uint32_t, std::string> codeTable(std::string_view data) {
+    std::map<std::uint32_t, std::string> table;
     for (std::string_view line : text::splitLines(data)) {
         const auto eq = line.find('=');
         if (eq == std::string_view::npos)
@@ -38,18 +49,6 @@ Table parseTable(std::string_view data) {
     }
     return table;
 }
-
-const Table& builtInTable(ListKey key) {
-    static const std::array<Table, 7> tables = [] {
-        std::array<Table, 7> t;
-        for (const auto& list : kLists)
-            t[static_cast<std::size_t>(list.key)] = parseTable(embedded::file(list.dataFile));
-        return t;
-    }();
-    return tables[static_cast<std::size_t>(key)];
-}
-
-} // namespace
 
 std::span<const CodeList> codeLists() {
     return kLists;

@@ -3,6 +3,7 @@
 #include "codelists/listkey.h"
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -35,6 +36,9 @@ std::vector<std::uint32_t> builtInCodes(ListKey key);
 // The built-in text of a code: nothing for an unknown code (shown as "?"), the empty
 // text for a code that exists without a name. Triggers 400-499 with a text end in " UB".
 std::optional<std::string> builtInText(ListKey key, std::uint32_t code);
+
+// The "code=text" lines of a data file compiled into the program, by code.
+std::map<std::uint32_t, std::string> codeTable(std::string_view data);
 
 // "?" for nothing, else the text.
 inline std::string textOrUnknown(const std::optional<std::string>& text) {

@@ -1,5 +1,6 @@
 #include "codelists/resources.h"
 
+#include "codelists/codelist.h"
 #include "codelists/embedded.h"
 #include "text/lines.h"
 
@@ -10,15 +11,9 @@
 namespace parlex {
 namespace {
 
-const std::map<int, std::string>& strings() {
-    static const std::map<int, std::string> table = [] {
-        std::map<int, std::string> t;
-        for (auto line : text::splitLines(embedded::file("strings.txt"))) {
-            const auto eq = line.find('=');
-            int number = 0;
-            std::from_chars(line.data(), line.data() + eq, number);
-            t.emplace(number, std::string(line.substr(eq + 1)));
-        }
+const std::map<std::uint32_t, std::string>& strings() {
+    static const std::map<std::uint32_t, std::string> table = [] {
+        auto t = codeTable(embedded::file("strings.txt"));
         // The head of phrase 10 is followed by an empty line in a decompiled
         // dialogue; a line-based data file cannot hold that line break.
         t[20] += "\r\n";
@@ -52,7 +47,9 @@ const std::map<int, std::string>& helpTexts() {
 } // namespace
 
 std::optional<std::string> resourceString(int number) {
-    const auto it = strings().find(number);
+    if (number < 0)
+        return std::nullopt;
+    const auto it = strings().find(static_cast<std::uint32_t>(number));
     if (it == strings().end())
         return std::nullopt;
     return it->second;

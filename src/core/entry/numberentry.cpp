@@ -1,6 +1,7 @@
 #include "entry/numberentry.h"
 
 #include "text/hex.h"
+#include "text/lines.h"
 #include "text/numbers.h"
 
 #include <algorithm>
@@ -11,15 +12,6 @@ namespace {
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
-}
-
-std::string_view trimmed(std::string_view s) {
-    const auto blank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!s.empty() && blank(s.front()))
-        s.remove_prefix(1);
-    while (!s.empty() && blank(s.back()))
-        s.remove_suffix(1);
-    return s;
 }
 
 // Digits with at most one decimal point, at least one digit; consumed from `s`.
@@ -53,7 +45,7 @@ bool isPlainNumber(std::string_view text) {
 }
 
 bool looksNumeric(std::string_view text) {
-    std::string_view s = trimmed(text);
+    std::string_view s = parlex::text::trimmed(text);
     if (s.size() > 2 && s[0] == '&' && (s[1] == 'H' || s[1] == 'h' || s[1] == 'O' || s[1] == 'o')) {
         const bool hex = s[1] == 'H' || s[1] == 'h';
         return std::all_of(s.begin() + 2, s.end(), [hex](char c) {

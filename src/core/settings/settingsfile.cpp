@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 #include "text/cp1251.h"
+#include "text/lines.h"
 
 #include <algorithm>
 #include <charconv>
@@ -67,17 +68,9 @@ constexpr std::pair<Key, std::string_view> kKeys[] = {
 };
 constexpr std::size_t kKeyCount = std::size(kKeys);
 
-std::string_view trimmed(std::string_view s) {
-    while (!s.empty() && (s.front() == ' ' || s.front() == '\t'))
-        s.remove_prefix(1);
-    while (!s.empty() && (s.back() == ' ' || s.back() == '\t'))
-        s.remove_suffix(1);
-    return s;
-}
-
 // The whole value as a number (blanks around it allowed), or nothing.
 std::optional<double> number(std::string_view s) {
-    s = trimmed(s);
+    s = text::trimmed(s);
     if (!s.empty() && s.front() == '+')
         s.remove_prefix(1);
     // A stream in the classic locale: "." whatever the user's locale says, and the
@@ -94,7 +87,7 @@ std::optional<double> number(std::string_view s) {
 }
 
 std::optional<std::int32_t> integer(std::string_view s) {
-    s = trimmed(s);
+    s = text::trimmed(s);
     std::int32_t value = 0;
     const auto [end, ec] = std::from_chars(s.data(), s.data() + s.size(), value);
     if (s.empty() || ec != std::errc() || end != s.data() + s.size())

@@ -210,14 +210,6 @@ std::optional<std::string> poUnquoted(std::string_view quoted) {
     return out;
 }
 
-std::string_view trimmed(std::string_view s) {
-    while (!s.empty() && (s.front() == ' ' || s.front() == '\t'))
-        s.remove_prefix(1);
-    while (!s.empty() && (s.back() == ' ' || s.back() == '\t'))
-        s.remove_suffix(1);
-    return s;
-}
-
 } // namespace
 
 std::string phrasesToJson(const EdtFile& file) {
@@ -294,7 +286,7 @@ Result<std::vector<PhraseText>> phrasesFromPo(std::string_view po) {
     };
     for (std::string_view raw : text::splitLines(po)) {
         ++lineNumber;
-        const std::string_view line = trimmed(raw);
+        const std::string_view line = text::trimmed(raw);
         if (line.empty()) {
             if (auto error = finish())
                 return std::unexpected(*error);
@@ -316,7 +308,7 @@ Result<std::vector<PhraseText>> phrasesFromPo(std::string_view po) {
         const auto blank = line.find(' ');
         const std::string_view keyword = line.substr(0, blank);
         const auto value =
-            poUnquoted(blank == std::string_view::npos ? "" : trimmed(line.substr(blank)));
+            poUnquoted(blank == std::string_view::npos ? "" : text::trimmed(line.substr(blank)));
         if (!value)
             return refuse(lineNumber, "ожидалась строка в кавычках");
         if ((keyword == "msgctxt" || (keyword == "msgid" && entry.context.empty())) &&

@@ -17,6 +17,15 @@ std::vector<std::string_view> splitLines(std::string_view text) {
     return lines;
 }
 
+std::string_view trimmed(std::string_view text) {
+    const auto blank = [](char c) { return c == ' ' || c == '\t'; };
+    while (!text.empty() && blank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && blank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
 std::string joinLines(std::string_view text) {
     if (text.find('\n') == std::string_view::npos)
         return std::string(text);

@@ -10,6 +10,9 @@ namespace parlex::text {
 // not open another, empty line.
 std::vector<std::string_view> splitLines(std::string_view text);
 
+// The text without the blanks and tabs around it.
+std::string_view trimmed(std::string_view text);
+
 // The text on one line: its non-empty lines joined with "; " (a message of several
 // lines as one line of a report that grep and editors read line by line).
 std::string joinLines(std::string_view text);
