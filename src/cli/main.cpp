@@ -1,5 +1,6 @@
 // parlex-cli: the rules of Parlex for scripts and batch work.
 #include "cli/commands.h"
+#include "parlex_version.h"
 #include "platform/process.h"
 
 #include <filesystem>

@@ -1,6 +1,7 @@
 // The dialogs the main window opens: the byte editor, the options, help and About.
 #include "editor/editdialog.h"
 #include "mainwindow/mainwindow.h"
+#include "parlex_version.h"
 #include "platform/files.h"
 #include "session/pathtext.h"
 #include "settings/optionsdialog.h"
@@ -56,7 +57,7 @@ void MainWindow::openHelp() {
 }
 
 void MainWindow::showAbout() {
-    prompts_.about(kTitle, "Parlex (v.2.02)\nРедактор скриптов и речи НПЦ "
+    prompts_.about(kTitle, "Parlex (v." PARLEX_VERSION ")\nРедактор скриптов и речи НПЦ "
                            "Jagged Alliance 2 и Unfinished Business");
 }
 
