@@ -50,7 +50,7 @@ test-sanitize: deps
 windows:
 	@bash scripts/deps.sh windows
 	cmake -S . -B $(WIN_BUILD) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64.cmake \
-		-DCMAKE_BUILD_TYPE=Release -DPARLEX_BENCHMARKS=OFF
+		-DCMAKE_BUILD_TYPE=Release -DPARLEX_BENCHMARKS=OFF -DPARLEX_WINDOW=OFF
 	cmake --build $(WIN_BUILD) -j $(JOBS)
 
 # Those tests run under Wine, in a prefix of the build folder, without a display.
