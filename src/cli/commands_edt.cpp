@@ -158,14 +158,6 @@ int runDecompile(const Args& args, Io io) {
     return kOk;
 }
 
-// The extension of a name in lower case (".json", ".po").
-std::string lowerExtension(const std::filesystem::path& path) {
-    std::string extension = platform::utf8(path.extension());
-    for (char& c : extension)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return extension;
-}
-
 int runExport(const Args& args, Io io) {
     const auto format = args.value("--format");
     if (format != "json" && format != "po")
@@ -197,7 +189,7 @@ int runImport(const Args& args, Io io) {
     if (!kind)
         return usage("edt import", kKindComplaint, io);
     const std::filesystem::path from = pathArg(args.positional[1]);
-    const std::string extension = lowerExtension(from);
+    const std::string extension = platform::lowerExtension(from);
     if (extension != ".json" && extension != ".po")
         return usage("edt import", "формат узнаётся по расширению: .json или .po", io);
     auto file = EdtFile::load(pathArg(args.positional[0]), *kind);

@@ -13,10 +13,7 @@ namespace fs = std::filesystem;
 namespace {
 
 bool isScriptName(const fs::path& path) {
-    std::string extension = platform::utf8(path.extension());
-    std::ranges::transform(extension, extension.begin(),
-                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return extension == ".npc";
+    return platform::lowerExtension(path) == ".npc";
 }
 
 } // namespace

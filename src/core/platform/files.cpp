@@ -25,6 +25,14 @@ std::string utf8(const fs::path& path) {
     return std::string(text.begin(), text.end());
 }
 
+std::string lowerExtension(const fs::path& path) {
+    std::string extension = utf8(path.extension());
+    for (char& c : extension)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    return extension;
+}
+
 std::string mountPointOf(std::string_view mountinfo, const fs::path& path, unsigned major,
                          unsigned minor) {
     const std::string wanted = std::to_string(major) + ":" + std::to_string(minor);

@@ -27,6 +27,9 @@ enum class DriveKind {
 // do not speak UTF-8 (a Cyrillic name would come out garbled, or throw).
 fs::path pathFromUtf8(std::string_view utf8);
 std::string utf8(const fs::path& path);
+// The extension of a name as UTF-8 in lower case (".npc", ".edt"), for comparing
+// names that a file system may spell in any case.
+std::string lowerExtension(const fs::path& path);
 
 // The kind of the file system that holds `path` (or would hold it: for a path
 // that does not exist yet the nearest existing folder above it is asked).

@@ -1,27 +1,15 @@
 #include "speech/companion.h"
 #include "platform/files.h"
 
-#include <algorithm>
-#include <cctype>
 #include <set>
 #include <string>
 
 namespace parlex {
-namespace {
-
-std::string upper(std::string s) {
-    std::transform(s.begin(), s.end(), s.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return s;
-}
-
-} // namespace
 
 std::filesystem::path companionPath(const std::filesystem::path& scriptPath) {
-    const std::string title = platform::utf8(scriptPath.filename());
-    const bool npc = title.size() >= 5 && upper(title.substr(title.size() - 4)) == ".NPC";
-    return scriptPath.parent_path() /
-           platform::pathFromUtf8(npc ? title.substr(0, title.size() - 3) + "EDT" : title + ".EDT");
+    const bool npc = platform::lowerExtension(scriptPath) == ".npc";
+    const std::string title = platform::utf8(npc ? scriptPath.stem() : scriptPath.filename());
+    return scriptPath.parent_path() / platform::pathFromUtf8(title + ".EDT");
 }
 
 CompanionIndex::CompanionIndex(std::span<const std::filesystem::path> scripts) {
@@ -33,7 +21,7 @@ CompanionIndex::CompanionIndex(std::span<const std::filesystem::path> scripts) {
         for (auto it = std::filesystem::directory_iterator(folder.empty() ? "." : folder, ec);
              !ec && it != std::filesystem::directory_iterator(); it.increment(ec)) {
             const auto name = it->path().filename();
-            if (upper(platform::utf8(name.extension())) != ".EDT" || !it->is_regular_file(ec))
+            if (platform::lowerExtension(name) != ".edt" || !it->is_regular_file(ec))
                 continue;
             auto [at, added] = files_.try_emplace({folder, platform::utf8(name.stem())}, name);
             if (!added && name < at->second)

@@ -155,10 +155,7 @@ Result<void> EdtFile::saveAs(const std::filesystem::path& path) {
 }
 
 bool looksLikeScript(const std::filesystem::path& path) {
-    std::string extension = platform::utf8(path.extension());
-    std::ranges::transform(extension, extension.begin(),
-                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    if (extension == ".npc")
+    if (platform::lowerExtension(path) == ".npc")
         return true;
     const auto bytes = npcformat::readScript(path);
     return bytes && !phrasecodec::couldBePhrases(*bytes);
