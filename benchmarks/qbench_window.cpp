@@ -50,7 +50,7 @@ void WindowBench::initTestCase() {
     window_ = new parlex::gui::MainWindow(prompts_, std::filesystem::temp_directory_path());
     window_->show();
     QVERIFY(QTest::qWaitForWindowExposed(window_));
-    QVERIFY(window_->session().openPath(PARLEX_EXAMPLE));
+    QVERIFY(window_->session().flows().openPath(PARLEX_EXAMPLE));
 }
 
 void WindowBench::cleanupTestCase() {

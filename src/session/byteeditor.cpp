@@ -18,16 +18,17 @@ constexpr int kSharedHelpField = 28;
 } // namespace
 
 std::optional<ByteEditor> ByteEditor::open(Session& session, std::optional<int> byteIndex) {
-    if (!session.currentRecord())
+    if (!session.cursor().currentRecord())
         return std::nullopt;
-    const int byte = byteIndex.value_or(session.positionByte().value_or(0));
+    const int byte = byteIndex.value_or(session.cursor().positionByte().value_or(0));
     return ByteEditor(session, byte >= 0 && byte < static_cast<int>(kRecordSize) ? byte : 0);
 }
 
 ByteEditor::ByteEditor(Session& session, int byteIndex)
-    : session_(&session), recordIndex_(session.position() - 1), copy_(*session.currentRecord()),
-      hoverMode_(session.mark() == FieldMark::Hover &&
-                 fieldAt(session.markedByte()).contains(byteIndex)) {
+    : session_(&session), recordIndex_(session.cursor().position() - 1),
+      copy_(*session.cursor().currentRecord()),
+      hoverMode_(session.cursor().mark() == FieldMark::Hover &&
+                 fieldAt(session.cursor().markedByte()).contains(byteIndex)) {
     // The field under the byte is chosen once by the program; the user goes on from it.
     selectRow(entry::rowOfByte(byteIndex));
 }
@@ -74,9 +75,9 @@ std::uint32_t ByteEditor::currentValue() const {
 // the grid was working when the editor opened: following the mouse, or pinned.
 void ByteEditor::refreshGrid() {
     if (hoverMode_)
-        session_->hover(field());
+        session_->cursor().hover(field());
     else
-        session_->press(field(), false);
+        session_->cursor().press(field(), false);
 }
 
 // ---------------------------------------------------------------- the entry
@@ -155,7 +156,7 @@ bool ByteEditor::apply() {
         return false;
     if (!record())
         return false;
-    session_->editRecord(static_cast<std::size_t>(recordIndex_), copy_);
+    session_->document().edit(static_cast<std::size_t>(recordIndex_), copy_);
     refreshGrid();
     applyPending_ = false;
     return true;

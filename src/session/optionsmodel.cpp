@@ -72,7 +72,7 @@ bool OptionsModel::onShownTab(OptionBox box) const {
 }
 
 void OptionsModel::extract(ListKey key) {
-    session_.extractList(key, box(OptionBox::Check).ticked);
+    session_.lists().extract(key, box(OptionBox::Check).ticked);
 }
 
 void OptionsModel::extractAll() {

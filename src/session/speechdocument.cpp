@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "session/options.h"
 #include "session/pathtext.h"
+#include "session/saveflow.h"
 #include "speech/companion.h"
 #include "speech/decompiler.h"
 #include "text/numbers.h"
@@ -65,24 +66,10 @@ QString SpeechDocument::startFolder() const {
 bool SpeechDocument::askSave() {
     if (!canSave())
         return true;
-    QString name;
-    if (edt_->isNew()) {
-        if (edt_->nonEmptyCount() == 0)
-            return true; // a new document with nothing in it is not worth a question
-        name = "Новый EDT файл";
-    } else {
-        name = pathText(edt_->path());
-    }
-    switch (prompts_.question(q(kMessageTitle), "Сохранть " + name + "?", true)) {
-    case Answer::Cancel:
-        return false;
-    case Answer::No:
-        return true;
-    case Answer::Yes:
-        break;
-    }
-    // A save that did not happen stops the flow, so the phrases are not thrown away.
-    return save();
+    if (edt_->isNew() && edt_->nonEmptyCount() == 0)
+        return true; // a new document with nothing in it is not worth a question
+    const QString name = edt_->isNew() ? QString("Новый EDT файл") : pathText(edt_->path());
+    return askToSave(prompts_, "Сохранть " + name + "?", [this] { return save(); });
 }
 
 bool SpeechDocument::open() {
@@ -155,13 +142,11 @@ bool SpeechDocument::writeTo(const std::filesystem::path& path) {
         prompts_.question(q(kMessageTitle), q(edt_->lossWarning()) + "\nСохранить всё равно?",
                           false) != Answer::Yes)
         return false;
-    EdtFile saved = *edt_;
-    if (auto written = saved.saveAs(path); !written) {
-        prompts_.tell(written.error());
+    auto saved = writeCopy(prompts_, *edt_, path);
+    if (!saved)
         return false;
-    }
     rememberedPath_ = path;
-    replace(std::move(saved));
+    replace(std::move(*saved));
     return true;
 }
 

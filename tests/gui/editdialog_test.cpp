@@ -59,7 +59,8 @@ private:
 
 void EditDialogTest::init() {
     makeWindow();
-    win().session().options().animation = true; // closes at once; one test plays it
+    win().session().updateOptions(
+        [&](auto& o) { o.animation = true; }); // closes at once; one test plays it
     QVERIFY(open(write("e.npc", testutil::script({1, 2}))));
 }
 
@@ -109,7 +110,7 @@ void EditDialogTest::opensOnTheFieldOfTheByte() {
 
 void EditDialogTest::opensOnlyOnARecord() {
     QVERIFY(open(write("ja.npc", testutil::jaBytes())));
-    win().session().setPosition(50); // no record there
+    win().session().cursor().setPosition(50); // no record there
     QTest::mouseDClick(lbl(3), Qt::LeftButton, Qt::NoModifier, QPoint(3, 3));
     QVERIFY(!act("nEdit")->isEnabled());
     act("nEdit")->trigger();
@@ -161,7 +162,7 @@ void EditDialogTest::typeReplaceApplyAndUndo() {
     QVERIFY(!in<QPushButton>("Com2")->isEnabled());
     QCOMPARE(lbl(4)->text(), "0C");
     QCOMPARE(lbl(5)->text(), "01");
-    QCOMPARE(win().session().currentRecord()->at(4), 0x0C);
+    QCOMPARE(win().session().cursor().currentRecord()->at(4), 0x0C);
     QVERIFY(info().contains("268"));
     QVERIFY(changed());
     closeDialog();
@@ -198,7 +199,7 @@ void EditDialogTest::theEntryTakesDigitsOnly() {
     QTest::keyClick(entry(), Qt::Key_7, Qt::KeypadModifier);
     QTest::keyClick(entry(), Qt::Key_Plus, Qt::KeypadModifier);
     QCOMPARE(entry()->text(), kept + "7");
-    QCOMPARE(win().session().position(), 1);
+    QCOMPARE(win().session().cursor().position(), 1);
     QCOMPARE(f->prompts.beeps, 0);
     QTest::keyClick(entry(), Qt::Key_Backspace);
     QTest::keyClick(entry(), Qt::Key_V, Qt::ControlModifier); // no paste by the keyboard
@@ -286,7 +287,7 @@ void EditDialogTest::greatestValuesAndTheClipboard() {
 
 void EditDialogTest::closingShrinksAwayUnlessBlocked() {
     for (bool blocked : {true, false}) {
-        win().session().options().animation = blocked;
+        win().session().updateOptions([&](auto& o) { o.animation = blocked; });
         openOn(0);
         QPointer<EditDialog> d = dialog();
         const QSize before = d->size();

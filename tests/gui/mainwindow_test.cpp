@@ -122,7 +122,7 @@ void MainWindowTest::openingShowsFileNameAndRecord() {
     QCOMPARE(lbl(4)->text(), QString("FF"));
     QCOMPARE(panel("SBarInf", 1), QString("03:01 (01-02 as Word)"));
     QVERIFY(act("nBack")->isEnabled());
-    win().session().newScript();
+    win().session().flows().newScript();
     QCOMPARE(panel("SBar", 2), QString("Новый"));
     QCOMPARE(panel("SBar", 3), QString("Новый"));
 }

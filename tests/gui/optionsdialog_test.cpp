@@ -108,7 +108,7 @@ void OptionsDialogTest::theTabsShowTheirControlsInAFrameOfOneSize() {
 }
 
 void OptionsDialogTest::clicksReachTheOptionsAndClosingStoresTheRest() {
-    win().session().options().animation = true;
+    win().session().updateOptions([&](auto& o) { o.animation = true; });
     QVERIFY(openDialog());
     in<QTabBar>("TabStrip")->setCurrentIndex(1);
     QVERIFY(!in<QCheckBox>("CheckUS")->isEnabled());
@@ -164,7 +164,7 @@ void OptionsDialogTest::thePicturesAreDrawn() {
     QVERIFY(!win().windowIcon().pixmap(32).isNull());
     auto* bar = win().findChild<StatusPanels*>("SBar");
     QVERIFY2(!bar->picture(2), "no picture before a script is open");
-    win().session().newScript();
+    win().session().flows().newScript();
     QVERIFY(bar->picture(2));
     QVERIFY(!bar->picture(2)->pixmap().isNull());
     QVERIFY(bar->picture(2)->isVisible());

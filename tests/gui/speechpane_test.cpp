@@ -293,7 +293,8 @@ void SpeechPaneTest::propertiesCloseOnATypingKeyOrAClick_data() {
 void SpeechPaneTest::propertiesCloseOnATypingKeyOrAClick() {
     QFETCH(int, key);
     QFETCH(bool, closes);
-    win().session().options().animation = true; // closes at once, without shrinking
+    win().session().updateOptions(
+        [&](auto& o) { o.animation = true; }); // closes at once, without shrinking
     bool stillOpen = false;
     QTimer::singleShot(0, this, [&] {
         auto* window = qobject_cast<FilePropWindow*>(QApplication::activeModalWidget());
@@ -311,7 +312,7 @@ void SpeechPaneTest::propertiesCloseOnATypingKeyOrAClick() {
 }
 
 void SpeechPaneTest::aMissingSpeechFileBlinksInTheCaption() {
-    win().session().options().autoLoad = true;
+    win().session().updateOptions([&](auto& o) { o.autoLoad = true; });
     openEdt("old.edt", EdtKind::NpcDialogues, {{0, "старый"}});
     QVERIFY(open(write("053.npc", testutil::script({1}))));
     const QString warning = "PARLEX    (Автозагрузка: Файл 053.EDT - не найден)";
@@ -364,7 +365,8 @@ void SpeechPaneTest::toolTipsOnlyWithTheOption() {
     };
     hover();
     QVERIFY(!QToolTip::isVisible());
-    win().session().options().toolTips = true; // takes effect at the next hover
+    win().session().updateOptions(
+        [&](auto& o) { o.toolTips = true; }); // takes effect at the next hover
     hover();
     QTRY_VERIFY(QToolTip::isVisible());
     QCOMPARE(QToolTip::text(), "Открыть EDT файл...");

@@ -48,12 +48,13 @@ void WindowSettingsTest::aStartAfterARunBringsItAllBack() {
     QCoreApplication::processEvents();
     win().findChild<QSplitter*>("Pic3")->setSizes({120, 300});
     win().findChild<QSplitter*>("Pic1")->setSizes({250, 400});
-    auto& o = win().session().options();
-    o.toolTips = true;
-    o.helpFontSize = 12;
-    o.helpAlignment = 1;
-    o.phraseFont = {"Serif", 13, false, true};
-    o.phraseBackColour = 0xFFFF80;
+    win().session().updateOptions([](auto& o) {
+        o.toolTips = true;
+        o.helpFontSize = 12;
+        o.helpAlignment = 1;
+        o.phraseFont = {"Serif", 13, false, true};
+        o.phraseBackColour = 0xFFFF80;
+    });
     const int helpBar = bar(win(), "Pic3");
     const int paneBar = bar(win(), "Pic1");
     const auto file = f->dir / "Parlex.ini";

@@ -46,7 +46,7 @@ protected:
         writeBytes(f->dir / name, bytes);
         return QString::fromStdString((f->dir / name).string());
     }
-    bool open(const QString& path) { return win().session().openPath(path.toStdString()); }
+    bool open(const QString& path) { return win().session().flows().openPath(path.toStdString()); }
     void hoverOn(int index) {
         QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), lbl(index)->mapToGlobal(QPointF(3, 3)),
                          Qt::NoButton, Qt::NoButton, Qt::NoModifier);

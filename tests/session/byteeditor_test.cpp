@@ -18,11 +18,12 @@ constexpr FieldWidth W = FieldWidth::Word;
 class ByteEditorTest : public SessionTest {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(session.openPath(write("e.npc", testutil::script({1, 5})).toStdString()));
-        session.setPosition(5);
+        ASSERT_TRUE(
+            session.flows().openPath(write("e.npc", testutil::script({1, 5})).toStdString()));
+        session.cursor().setPosition(5);
     }
     ByteEditor openAt(int byte) {
-        session.hover(byte);
+        session.cursor().hover(byte);
         auto editor = ByteEditor::open(session, byte);
         EXPECT_TRUE(editor.has_value());
         return *editor;
@@ -41,10 +42,10 @@ protected:
 
 TEST_F(ByteEditorTest, OpensOnlyOnARecordShown) {
     EXPECT_TRUE(ByteEditor::open(session, 3).has_value());
-    session.newScript(); // a new script has records: empty ones
+    session.flows().newScript(); // a new script has records: empty ones
     EXPECT_TRUE(ByteEditor::open(session, 3).has_value());
-    ASSERT_TRUE(session.openPath(write("ja.npc", testutil::jaBytes()).toStdString()));
-    session.setPosition(50); // a "ja" script has no record 50
+    ASSERT_TRUE(session.flows().openPath(write("ja.npc", testutil::jaBytes()).toStdString()));
+    session.cursor().setPosition(50); // a "ja" script has no record 50
     EXPECT_FALSE(ByteEditor::open(session, 3).has_value());
     Session idle{prompts, dir.path()};
     EXPECT_FALSE(ByteEditor::open(idle, 3).has_value());
@@ -67,7 +68,7 @@ TEST_F(ByteEditorTest, OpensOnTheFieldOfTheByteOrOfThePositionText) {
         {std::nullopt, 21, 16, 20, W, "Запись 05 : Байты 21-22"},
     };
     for (const auto& c : cases) {
-        session.hover(c.hovered);
+        session.cursor().hover(c.hovered);
         const auto editor = ByteEditor::open(session, c.byte);
         ASSERT_TRUE(editor) << c.caption;
         EXPECT_EQ(editor->row(), c.row) << c.caption;
@@ -165,7 +166,7 @@ TEST_F(ByteEditorTest, TwoFieldsAndOneApplyMakeOneStepOfUndo) {
     session.undo();
     EXPECT_EQ(record(5), kNeutralRecord);
     EXPECT_FALSE(changed());
-    EXPECT_FALSE(session.canUndo());
+    EXPECT_FALSE(session.document().canUndo());
 }
 
 TEST_F(ByteEditorTest, ReplaceWithoutApplyLeavesTheDocumentAlone) {
@@ -176,28 +177,30 @@ TEST_F(ByteEditorTest, ReplaceWithoutApplyLeavesTheDocumentAlone) {
     } // closed without Apply
     EXPECT_EQ(record(5), kNeutralRecord);
     EXPECT_FALSE(changed());
-    EXPECT_FALSE(session.canUndo());
+    EXPECT_FALSE(session.document().canUndo());
     EXPECT_TRUE(session.queryClose());
 }
 
 TEST_F(ByteEditorTest, TheMainWindowFollowsTheChosenFieldAsItWasWorking) {
     for (bool pinned : {false, true}) {
-        session.hover(3);
+        session.cursor().hover(3);
         if (pinned)
-            session.press(3, true);
+            session.cursor().press(3, true);
         ByteEditor editor = *ByteEditor::open(session, 3);
         editor.selectRow(16);
-        EXPECT_EQ(session.mark(), pinned ? FieldMark::Pinned : FieldMark::Hover);
-        EXPECT_EQ(session.markedByte(), 20);
-        EXPECT_EQ(session.positionText(), "05:21 (21-22 as Word)");
-        const std::string before = session.explanation().text;
+        EXPECT_EQ(session.cursor().mark(), pinned ? FieldMark::Pinned : FieldMark::Hover);
+        EXPECT_EQ(session.cursor().markedByte(), 20);
+        EXPECT_EQ(session.cursor().positionText(), "05:21 (21-22 as Word)");
+        const std::string before = session.cursor().explanation().text;
         ASSERT_TRUE(put(editor, 16, "5"));
-        EXPECT_EQ(session.explanation().text, before) << "Replace alone changes nothing shown";
+        EXPECT_EQ(session.cursor().explanation().text, before)
+            << "Replace alone changes nothing shown";
         ASSERT_TRUE(editor.apply());
-        EXPECT_NE(session.explanation().text, before) << "the explanation follows the bytes";
+        EXPECT_NE(session.cursor().explanation().text, before)
+            << "the explanation follows the bytes";
         session.undo();
         if (pinned)
-            session.press(3, true);
+            session.cursor().press(3, true);
     }
 }
 

@@ -37,7 +37,7 @@ class DiskWatch : public SessionTest, public ::testing::WithParamInterface<DiskC
 TEST_P(DiskWatch, TheUserIsToldAndChooses) {
     const DiskCase& c = GetParam();
     const QString doc = write("w.npc", testutil::script({1}));
-    ASSERT_TRUE(session.openPath(doc.toStdString()));
+    ASSERT_TRUE(session.flows().openPath(doc.toStdString()));
     if (c.editedFirst)
         session.deleteRecord(false);
     if (c.removed) {
@@ -46,7 +46,7 @@ TEST_P(DiskWatch, TheUserIsToldAndChooses) {
         rewriteOutside(dir / "w.npc", testutil::script({1, 2}));
         prompts.answers.push_back(c.answer);
     }
-    session.checkDisk();
+    session.disk().check();
     if (c.removed) {
         ASSERT_EQ(prompts.messages.size(), 1u);
         EXPECT_EQ(prompts.messages[0].icon, Icon::Information);
@@ -62,7 +62,7 @@ TEST_P(DiskWatch, TheUserIsToldAndChooses) {
     EXPECT_EQ(prompts.questions[0].contains("будут потеряны"), c.editedFirst);
     EXPECT_EQ(session.script()->records()[1] == kNeutralRecord, c.reloaded);
     EXPECT_EQ(changed(), c.editedFirst && !c.reloaded);
-    session.checkDisk(); // the same change is told once
+    session.disk().check(); // the same change is told once
     EXPECT_EQ(prompts.questions.size(), 1u);
 }
 
@@ -71,29 +71,30 @@ INSTANTIATE_TEST_SUITE_P(Branches, DiskWatch, ::testing::ValuesIn(kCases),
 
 TEST_F(SessionTest, SaveAsksBeforeOverwritingAnOutsideChange) {
     const QString doc = write("s.npc", testutil::script({1}));
-    ASSERT_TRUE(session.openPath(doc.toStdString()));
+    ASSERT_TRUE(session.flows().openPath(doc.toStdString()));
     session.deleteRecord(false);
     const auto outside = testutil::script({3});
     rewriteOutside(dir / "s.npc", outside);
     prompts.answers = {Answer::No};
-    EXPECT_EQ(session.save(), Session::SaveOutcome::Cancelled);
+    EXPECT_EQ(session.flows().save(), Session::SaveOutcome::Cancelled);
     EXPECT_EQ(read("s.npc"), outside) << "the other program's bytes stay";
     EXPECT_EQ(prompts.questions.back(), "Файл\n" + doc +
                                             "\nизменён другой программой после загрузки.\n"
                                             "Заменить его содержимым редактора?");
     EXPECT_TRUE(changed());
     prompts.answers = {Answer::Yes};
-    EXPECT_EQ(session.save(), Session::SaveOutcome::Saved);
+    EXPECT_EQ(session.flows().save(), Session::SaveOutcome::Saved);
     EXPECT_EQ(read("s.npc"), testutil::script({}));
-    EXPECT_EQ(session.save(), Session::SaveOutcome::Saved) << "our own save is no outside change";
+    EXPECT_EQ(session.flows().save(), Session::SaveOutcome::Saved)
+        << "our own save is no outside change";
     EXPECT_EQ(prompts.questions.size(), 2u);
 }
 
 TEST_F(SessionTest, TheWatchNoticesWithoutBeingAsked) {
-    ASSERT_TRUE(session.openPath(write("live.npc", testutil::script({1})).toStdString()));
+    ASSERT_TRUE(session.flows().openPath(write("live.npc", testutil::script({1})).toStdString()));
     // Our own saves, whose temporary files come and go in the folder, stay quiet.
     session.deleteRecord(true);
-    ASSERT_EQ(session.save(), Session::SaveOutcome::Saved);
+    ASSERT_EQ(session.flows().save(), Session::SaveOutcome::Saved);
     waitFor([] { return false; }, 300);
     EXPECT_TRUE(prompts.questions.empty());
 

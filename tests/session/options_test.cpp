@@ -57,8 +57,8 @@ TEST_F(OptionsTest, TheBoxesAtOpeningFollowTheOptions) {
          {on, off, off, on, offGrey, onGrey, on}},
     };
     for (const auto& c : cases) {
-        session.options() = {};
-        c.set(session.options());
+        session.setOptions({});
+        session.updateOptions(c.set);
         const auto model = open();
         EXPECT_EQ(boxes(model), c.expected) << c.name;
         EXPECT_EQ(model.tab(), 1) << c.name;
@@ -140,9 +140,11 @@ TEST_F(OptionsTest, TheSpeechFileBoxesPairAndAreStoredAtClosing) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        session.options() = {};
-        session.options().rememberPath = c.remembered;
-        session.options().findEdtName = !c.remembered;
+        session.setOptions({});
+        session.updateOptions([&](auto& o) {
+            o.rememberPath = c.remembered;
+            o.findEdtName = !c.remembered;
+        });
         const auto before = session.options();
         auto model = open();
         for (const auto& click : c.clicks)

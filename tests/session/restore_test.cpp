@@ -38,7 +38,7 @@ TEST_F(RestoreTest, TheSettingsOfAPastRunBecomeTheOptionsAndComeBackUnchanged) {
 
     // The open dialogs start where the last run left off.
     prompts.cancelDialog();
-    session.open();
+    session.flows().open();
     EXPECT_EQ(prompts.requests.back().folder, QString::fromStdString(dir.path().string()));
     EXPECT_EQ(prompts.requests.back().proposedName, "053.npc");
     prompts.cancelDialog();

@@ -40,9 +40,9 @@ TEST_P(SaveQuestion, AnswersDecideWhetherTheFlowGoesOn) {
     const QString doc = write("doc.npc", testutil::script({}));
     write("other.npc", testutil::script({9}));
     if (a.newDocument)
-        session.newScript();
+        session.flows().newScript();
     else
-        ASSERT_TRUE(session.openPath(doc.toStdString()));
+        ASSERT_TRUE(session.flows().openPath(doc.toStdString()));
     session.deleteRecord(true); // record 1 becomes the neutral one: the document changed
     ASSERT_TRUE(changed());
     if (a.fileGone)
@@ -60,11 +60,11 @@ TEST_P(SaveQuestion, AnswersDecideWhetherTheFlowGoesOn) {
     case Flow::Open:
         if (a.goesOn)
             prompts.choose(path("other.npc"));
-        wentOn = session.open();
+        wentOn = session.flows().open();
         EXPECT_EQ(session.script()->title() == "other.npc", a.goesOn);
         break;
     case Flow::New:
-        session.newScript();
+        session.flows().newScript();
         wentOn = !changed();
         EXPECT_EQ(session.script()->isNew(), a.goesOn || a.newDocument);
         break;
@@ -81,7 +81,7 @@ TEST_P(SaveQuestion, AnswersDecideWhetherTheFlowGoesOn) {
         prompts.choose(doc); // the source: the open, changed file
         if (a.goesOn)
             prompts.cancelDialog(); // the target dialog: shown only when the flow went on
-        session.convertLayout();
+        session.flows().convertLayout();
         wentOn = prompts.requests.size() == 2;
         break;
     }
@@ -129,10 +129,10 @@ INSTANTIATE_TEST_SUITE_P(EveryFlow, SaveQuestion,
                          });
 
 TEST_F(SessionTest, UnchangedDocumentsAreNotAskedAbout) {
-    session.newScript();
+    session.flows().newScript();
     session.deleteRecord(false); // record 1 was empty already
     EXPECT_TRUE(session.queryClose());
-    ASSERT_TRUE(session.openPath(write("u.npc", testutil::script({1})).toStdString()));
+    ASSERT_TRUE(session.flows().openPath(write("u.npc", testutil::script({1})).toStdString()));
     session.deleteRecord(false);
     session.undo(); // back to the loaded bytes
     EXPECT_TRUE(session.queryClose());
@@ -140,13 +140,13 @@ TEST_F(SessionTest, UnchangedDocumentsAreNotAskedAbout) {
 }
 
 TEST_F(SessionTest, CloseLetsGoOfTheRecordBuffer) {
-    ASSERT_TRUE(session.openPath(write("b.npc", testutil::script({1})).toStdString()));
+    ASSERT_TRUE(session.flows().openPath(write("b.npc", testutil::script({1})).toStdString()));
     session.copyRecord();
-    EXPECT_TRUE(session.recordBuffer().isFilled());
+    EXPECT_TRUE(session.document().buffer().isFilled());
     ASSERT_TRUE(session.queryClose());
     session.shutdown();
-    EXPECT_FALSE(session.recordBuffer().isFilled());
-    EXPECT_FALSE(session.canUndo());
+    EXPECT_FALSE(session.document().buffer().isFilled());
+    EXPECT_FALSE(session.document().canUndo());
 }
 
 } // namespace

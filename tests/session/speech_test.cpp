@@ -223,7 +223,7 @@ TEST_F(SpeechTest, TheSaveQuestionAndEachAnswer) {
 }
 
 TEST_F(SpeechTest, TheSpeechFileIsAskedAboutBeforeTheScript) {
-    ASSERT_TRUE(session.openPath(write("s.npc", testutil::script({1})).toStdString()));
+    ASSERT_TRUE(session.flows().openPath(write("s.npc", testutil::script({1})).toStdString()));
     session.deleteRecord(false);
     speech.newDocument(EdtKind::NpcDialogues);
     speech.editPhrase("Текст");
@@ -240,26 +240,28 @@ TEST_F(SpeechTest, TheCompanionFollowsTheScript) {
     ASSERT_TRUE(openEdt("other.edt", 2));
     QSignalSpy missing(&speech, &parlex::session::SpeechDocument::companionMissing);
 
-    session.options().autoLoad = false; // remembered for the open dialog only
-    ASSERT_TRUE(session.openPath(script.toStdString()));
+    session.updateOptions(
+        [&](auto& o) { o.autoLoad = false; }); // remembered for the open dialog only
+    ASSERT_TRUE(session.flows().openPath(script.toStdString()));
     EXPECT_EQ(speech.file()->path(), dir / "other.edt");
     EXPECT_EQ(speech.rememberedPath(), dir / "053.EDT");
 
-    session.options().autoLoad = true; // missing: told, and the old document stays
-    ASSERT_TRUE(session.openPath(script.toStdString()));
+    session.updateOptions(
+        [&](auto& o) { o.autoLoad = true; }); // missing: told, and the old document stays
+    ASSERT_TRUE(session.flows().openPath(script.toStdString()));
     ASSERT_EQ(missing.count(), 1);
     EXPECT_EQ(missing.front().front().toString(), "053.EDT");
     EXPECT_EQ(speech.file()->path(), dir / "other.edt");
 
     write("053.edt", edt(EdtKind::NpcDialogues, {{5, "Здравствуй"}})); // any case
-    ASSERT_TRUE(session.openPath(script.toStdString()));
+    ASSERT_TRUE(session.flows().openPath(script.toStdString()));
     ASSERT_TRUE(speech.file());
     EXPECT_EQ(speech.file()->path(), dir / "053.edt");
     EXPECT_EQ(speech.lastPhrase(), 142) << "a companion is read as NPC dialogues";
 
-    session.options().findEdtName = false;
+    session.updateOptions([&](auto& o) { o.findEdtName = false; });
     speech.newDocument(EdtKind::Remarks);
-    ASSERT_TRUE(session.openPath(script.toStdString()));
+    ASSERT_TRUE(session.flows().openPath(script.toStdString()));
     EXPECT_TRUE(speech.isNew()) << "nothing follows the script";
     EXPECT_EQ(missing.count(), 1);
 }
@@ -319,20 +321,20 @@ TEST_F(SpeechTest, ByteFourteenBringsItsPhraseIntoThePane) {
     bytes[13] = 7;        // first phrase 7
     bytes[14] = 1;        // one phrase
     bytes[32 + 13] = 200; // record 2: beyond any file
-    ASSERT_TRUE(session.openPath(write("p.npc", bytes).toStdString()));
+    ASSERT_TRUE(session.flows().openPath(write("p.npc", bytes).toStdString()));
     write("p.edt", edt(EdtKind::NpcDialogues, {{7, "Семь"}}));
     ASSERT_TRUE(openEdt("p.edt", 1));
-    session.hover(13);
+    session.cursor().hover(13);
     EXPECT_EQ(speech.phraseIndex(), 7);
     EXPECT_EQ(speech.phraseText(), "Семь");
-    session.hover(0);
-    session.setPosition(2);
-    session.hover(13);
+    session.cursor().hover(0);
+    session.cursor().setPosition(2);
+    session.cursor().hover(13);
     EXPECT_EQ(speech.phraseIndex(), 7) << "a phrase the file does not have";
-    session.options().showMessages = false;
-    session.setPosition(1);
+    session.updateOptions([&](auto& o) { o.showMessages = false; });
+    session.cursor().setPosition(1);
     speech.step(Step::Home);
-    session.hover(13);
+    session.cursor().hover(13);
     EXPECT_EQ(speech.phraseIndex(), 0) << "the option is off";
 }
 

@@ -69,6 +69,40 @@ inline constexpr std::array<FieldInfo, 21> kFields{{
     {28, FieldWidth::Bytes, "Spare29", 0x00000000, std::nullopt},
 }};
 
+// The first byte of the field named `name`. The rest of the program names fields
+// through the constants below, so that the table stays the one place that says where
+// a field lies; a name not in the table does not compile.
+consteval int fieldNamed(std::string_view name) {
+    for (const FieldInfo& f : kFields)
+        if (f.name == name)
+            return f.index;
+    throw "no field of that name";
+}
+
+namespace fields {
+inline constexpr int FireMode = fieldNamed("FireMode");
+inline constexpr int NeededItem = fieldNamed("NeededItem");
+inline constexpr int TriggerTrue = fieldNamed("TriggerTrue");
+inline constexpr int TriggerFalse = fieldNamed("TriggerFalse");
+inline constexpr int QuestHeld = fieldNamed("QuestHeld");
+inline constexpr int FirstDay = fieldNamed("FirstDay");
+inline constexpr int LastDay = fieldNamed("LastDay");
+inline constexpr int ActionCode = fieldNamed("ActionCode");
+inline constexpr int Leadership = fieldNamed("Leadership");
+inline constexpr int PhraseFirst = fieldNamed("PhraseFirst");
+inline constexpr int PhraseCount = fieldNamed("PhraseCount");
+inline constexpr int QuestGiven = fieldNamed("QuestGiven");
+inline constexpr int QuestClosed = fieldNamed("QuestClosed");
+inline constexpr int JumpNpc = fieldNamed("JumpNpc");
+inline constexpr int JumpRecord = fieldNamed("JumpRecord");
+inline constexpr int Spare20 = fieldNamed("Spare20");
+inline constexpr int TriggerSet = fieldNamed("TriggerSet");
+inline constexpr int GivenItem = fieldNamed("GivenItem");
+inline constexpr int MoveTo = fieldNamed("MoveTo");
+inline constexpr int ReactionCode = fieldNamed("ReactionCode");
+inline constexpr int Spare29 = fieldNamed("Spare29");
+} // namespace fields
+
 // What a standard deletion writes: every field at its neutral value.
 inline constexpr NpcRecord kNeutralRecord = [] {
     NpcRecord record{};

@@ -50,7 +50,8 @@ EditDialog::EditDialog(MainWindow& main, session::ByteEditor editor)
     setObjectName("Edit");
     build();
     // A document replaced behind the dialog (reloaded from disk) has other records.
-    connect(&main_.session(), &session::Session::documentReplaced, this, &QDialog::reject);
+    connect(&main_.session().document(), &session::ScriptDocument::replaced, this,
+            &QDialog::reject);
     takeListPosition();
     for (int row = 0; row < static_cast<int>(editableFields().size()); ++row)
         list_->addItem(q(entry::rowText(editableFields()[static_cast<std::size_t>(row)])));

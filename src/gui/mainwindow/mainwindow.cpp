@@ -114,23 +114,23 @@ void MainWindow::buildControls() {
 
 void MainWindow::wireMenus() {
     const std::pair<const char*, std::function<void()>> commands[] = {
-        {"nOpen", [this] { session_.open(); }},
-        {"nNew", [this] { session_.newScript(); }},
-        {"nSave", [this] { session_.save(); }},
-        {"nSaveAs", [this] { session_.saveAs(); }},
+        {"nOpen", [this] { session_.flows().open(); }},
+        {"nNew", [this] { session_.flows().newScript(); }},
+        {"nSave", [this] { session_.flows().save(); }},
+        {"nSaveAs", [this] { session_.flows().saveAs(); }},
         {"nExit", [this] { close(); }},
-        {"nFrec", [this] { session_.firstRecord(); }},
-        {"nLrec", [this] { session_.lastRecord(); }},
-        {"nNext", [this] { session_.nextRecord(); }},
-        {"nBack", [this] { session_.previousRecord(); }},
+        {"nFrec", [this] { session_.cursor().firstRecord(); }},
+        {"nLrec", [this] { session_.cursor().lastRecord(); }},
+        {"nNext", [this] { session_.cursor().nextRecord(); }},
+        {"nBack", [this] { session_.cursor().previousRecord(); }},
         {"nDelStand", [this] { session_.deleteRecord(true); }},
         {"nDel", [this] { session_.deleteRecord(false); }},
         {"nCopy", [this] { session_.copyRecord(); }},
         {"nPaste", [this] { session_.pasteRecord(); }},
         {"nUndo", [this] { session_.undo(); }},
         {"nRedo", [this] { session_.redo(); }},
-        {"nSelect", [this] { session_.convertLayout(); }},
-        {"nCurrent", [this] { session_.showCurrentInfo(); }},
+        {"nSelect", [this] { session_.flows().convertLayout(); }},
+        {"nCurrent", [this] { session_.flows().showCurrentInfo(); }},
         {"nContecst", [this] { openHelp(); }},
         {"nAbout", [this] { showAbout(); }},
         {"nFon", [this] { session_.choosePhraseColour(); }},
@@ -146,15 +146,21 @@ void MainWindow::wireMenus() {
 
 void MainWindow::wireSession() {
     using S = session::Session;
-    connect(slider_, &QSlider::valueChanged, &session_, &S::setPosition);
-    connect(grid_, &ByteGrid::hovered, &session_, &S::hover);
+    using Document = session::ScriptDocument;
+    using Cursor = session::RecordCursor;
+    session::RecordCursor* cursor = &session_.cursor();
+    const session::ScriptDocument* document = &session_.document();
+    connect(slider_, &QSlider::valueChanged, cursor, &Cursor::setPosition);
+    connect(grid_, &ByteGrid::hovered, cursor, &Cursor::hover);
     connect(grid_, &ByteGrid::doubleClicked, this, [this](int index) { openEditor(index); });
     connect(grid_, &ByteGrid::pressed, this, [this](int index, Qt::MouseButton button) {
-        session_.press(index, button == Qt::RightButton);
+        session_.cursor().press(index, button == Qt::RightButton);
     });
     connect(help_, &HelpPanel::styleChanged, this, [this](int size, int alignment) {
-        session_.options().helpFontSize = size;
-        session_.options().helpAlignment = alignment;
+        session_.updateOptions([&](session::Options& o) {
+            o.helpFontSize = size;
+            o.helpAlignment = alignment;
+        });
     });
     // What shows the options shows them anew when they change (restored, chosen).
     const auto showOptions = [this] {
@@ -166,19 +172,19 @@ void MainWindow::wireSession() {
     connect(&session_, &S::optionsChanged, this, showOptions);
     showOptions();
 
-    connect(&session_, &S::documentReplaced, this, &MainWindow::documentReplaced);
-    connect(&session_, &S::positionChanged, this, [this](int position) {
+    connect(document, &Document::replaced, this, &MainWindow::documentReplaced);
+    connect(cursor, &Cursor::positionChanged, this, [this](int position) {
         const QSignalBlocker block(slider_);
         slider_->setValue(position);
         showRecord();
     });
-    connect(&session_, &S::recordChanged, this, [this](int index) {
-        if (index == session_.position() - 1)
+    connect(document, &Document::recordChanged, this, [this](int index) {
+        if (index == session_.cursor().position() - 1)
             showRecord();
     });
-    connect(&session_, &S::fieldShown, this, &MainWindow::showField);
-    connect(&session_, &S::historyChanged, this, &MainWindow::updateCommands);
-    connect(&session_, &S::bufferChanged, this, &MainWindow::updateCommands);
+    connect(cursor, &Cursor::fieldShown, this, &MainWindow::showField);
+    connect(document, &Document::historyChanged, this, &MainWindow::updateCommands);
+    connect(document, &Document::bufferChanged, this, &MainWindow::updateCommands);
     auto* warning = new CaptionWarning(this, windowTitle());
     connect(&session_.speech(), &session::SpeechDocument::companionMissing, warning,
             &CaptionWarning::start);
@@ -201,26 +207,26 @@ void MainWindow::documentReplaced() {
 }
 
 void MainWindow::showRecord() {
-    const NpcRecord* record = session_.currentRecord();
+    const NpcRecord* record = session_.cursor().currentRecord();
     grid_->showRecord(record ? std::optional<NpcRecord>(*record) : std::nullopt);
     updateCommands();
 }
 
 void MainWindow::showField() {
-    const FieldMark mark = session_.mark();
+    const FieldMark mark = session_.cursor().mark();
     grid_->markField(mark == FieldMark::None ? std::nullopt
-                                             : std::optional<int>(session_.markedByte()),
+                                             : std::optional<int>(session_.cursor().markedByte()),
                      mark == FieldMark::Pinned ? ByteGrid::kPinned : ByteGrid::kHover);
-    sbarInf_->setText(1, session_.positionText());
-    if (const auto field = session_.shownField())
+    sbarInf_->setText(1, session_.cursor().positionText());
+    if (const auto field = session_.cursor().shownField())
         help_->showFieldHelp(*field);
-    explanation_->showExplanation(session_.explanation());
+    explanation_->showExplanation(session_.cursor().explanation());
 }
 
 void MainWindow::updateCommands() {
     const bool open = session_.script() != nullptr;
-    const bool shown = session_.currentRecord() != nullptr;
-    const int position = session_.position();
+    const bool shown = session_.cursor().currentRecord() != nullptr;
+    const int position = session_.cursor().position();
     slider_->setEnabled(open);
     for (const char* name : {"nSave", "nSaveAs", "nRec", "nCurrent", "nFrec", "nLrec"})
         menus_->action(name)->setEnabled(open);
@@ -228,9 +234,9 @@ void MainWindow::updateCommands() {
     menus_->action("nNext")->setEnabled(open && position < kPositions);
     for (const char* name : {"nEdit", "nCopy", "nDel", "nDelStand"})
         menus_->action(name)->setEnabled(shown);
-    menus_->action("nPaste")->setEnabled(shown && session_.recordBuffer().isFilled());
-    menus_->action("nUndo")->setEnabled(session_.canUndo());
-    menus_->action("nRedo")->setEnabled(session_.canRedo());
+    menus_->action("nPaste")->setEnabled(shown && session_.document().buffer().isFilled());
+    menus_->action("nUndo")->setEnabled(session_.document().canUndo());
+    menus_->action("nRedo")->setEnabled(session_.document().canRedo());
 }
 
 void MainWindow::updatePathPanel() {
@@ -254,7 +260,7 @@ void MainWindow::updateNamePanel() {
 
 void MainWindow::showList(ListKey key) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const std::vector<std::string> rows = session_.listRows(key);
+    const std::vector<std::string> rows = session_.lists().rows(key);
     QStringList items;
     items.reserve(static_cast<qsizetype>(rows.size()));
     for (const auto& row : rows)
@@ -293,17 +299,17 @@ void MainWindow::runKey(KeyAction key) {
         return [this, step] { session_.speech().step(step); };
     };
     const std::pair<K, std::function<void()>> actions[] = {
-        {K::FirstRecord, [this] { session_.firstRecord(); }},
-        {K::LastRecord, [this] { session_.lastRecord(); }},
-        {K::Save, [this] { session_.save(); }},
+        {K::FirstRecord, [this] { session_.cursor().firstRecord(); }},
+        {K::LastRecord, [this] { session_.cursor().lastRecord(); }},
+        {K::Save, [this] { session_.flows().save(); }},
         {K::Copy, [this] { session_.copyRecord(); }},
         {K::Paste, [this] { session_.pasteRecord(); }},
         {K::DeleteStandard, [this] { session_.deleteRecord(true); }},
         {K::Delete, [this] { session_.deleteRecord(false); }},
-        {K::ForwardFive, [this] { session_.stepRecords(5); }},
-        {K::Next, [this] { session_.nextRecord(); }},
-        {K::BackFive, [this] { session_.stepRecords(-5); }},
-        {K::Back, [this] { session_.previousRecord(); }},
+        {K::ForwardFive, [this] { session_.cursor().stepRecords(5); }},
+        {K::Next, [this] { session_.cursor().nextRecord(); }},
+        {K::BackFive, [this] { session_.cursor().stepRecords(-5); }},
+        {K::Back, [this] { session_.cursor().previousRecord(); }},
         {K::PopupMenu, [this] { menus_->popup()->popup(QCursor::pos()); }},
         {K::Exit, [this] { close(); }},
         {K::SpeechInfo, [this] { speech_->showProperties(); }},
@@ -359,7 +365,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
             slider_->setToolTip(session_.options().toolTips && slider_->isEnabled() ? "Выбор записи"
                                                                                     : QString());
         else if (auto* label = qobject_cast<QLabel*>(watched); label && label->parent() == grid_)
-            label->setToolTip(session_.options().toolTips && session_.currentRecord()
+            label->setToolTip(session_.options().toolTips && session_.cursor().currentRecord()
                                   ? "П. клик-выделить Дв. клик-редактировать"
                                   : QString());
         return false;

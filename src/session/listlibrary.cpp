@@ -1,0 +1,37 @@
+#include "session/listlibrary.h"
+
+#include "codelists/listwriter.h"
+#include "session/userprompts.h"
+#include "settings/locations.h"
+
+namespace parlex::session {
+
+ListLibrary::ListLibrary(UserPrompts& prompts, std::filesystem::path programDir)
+    : prompts_(prompts), folder_(locations(programDir).listFolder), lists_(folder_) {
+    lists_.setReadErrorHandler([this](const Error& error) { prompts_.tell(error); });
+}
+
+std::vector<std::string> ListLibrary::rows(ListKey key) {
+    ListRows rows = lists_.rows(key);
+    if (rows.warning)
+        prompts_.message(UserPrompts::Icon::Exclamation, QString::fromUtf8(kMessageTitle),
+                         QString::fromStdString(*rows.warning));
+    return std::move(rows.rows);
+}
+
+void ListLibrary::extract(ListKey key, bool askBeforeReplace) {
+    const std::tm local = platform::localNow();
+    auto written = writeListFile(key, folder_, local, !askBeforeReplace);
+    const QString title = QString::fromUtf8(kMessageTitle);
+    if (!written && written.error().kind == ErrorKind::Exists) {
+        if (prompts_.question(title, QString::fromStdString(written.error().message), false) !=
+            UserPrompts::Answer::Yes)
+            return;
+        written = writeListFile(key, folder_, local, true);
+    }
+    if (!written)
+        prompts_.message(UserPrompts::Icon::Critical, title,
+                         QString::fromStdString(written.error().message));
+}
+
+} // namespace parlex::session
