@@ -75,8 +75,7 @@ FAULTS = [
     ("civilian-phrases", "core", "civilian files may hold 16 phrases",
      '{EdtKind::Civilian, "civ", 14,', '{EdtKind::Civilian, "civ", 15,'),
     ("lint-phrase-range", "core", "lint looks for one phrase too many",
-     "p < record[kPhraseFirst] + record[kPhraseCount]; ++p)",
-     "p <= record[kPhraseFirst] + record[kPhraseCount]; ++p)"),
+     "p < spoken->first + spoken->count; ++p)", "p <= spoken->first + spoken->count; ++p)"),
     ("phrases-guard", "core", "a script with 02 in odd bytes passes for phrases",
      "if (bytes[i] > 1)", "if (bytes[i] > 2)"),
     # ---------------------------------------------------------------- session

@@ -55,7 +55,7 @@ void appendJson(std::string& out, const NpcRecord* record, int position,
 int runExplain(const Args& args, Io io) {
     std::optional<long long> only;
     if (auto text = args.value("--record")) {
-        only = numberArg("explain", "--record", *text, 1, 50, io);
+        only = numberArg("explain", "--record", *text, 1, kPositions, io);
         if (!only)
             return kUsage;
     }

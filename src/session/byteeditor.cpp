@@ -13,7 +13,7 @@ const EditableField& rowField(int row) {
 }
 
 // Bytes 29-32 are one field on the grid: the help text and the mark are theirs.
-constexpr int kSharedHelpField = 28;
+constexpr int kSharedHelpField = fields::Spare29;
 
 } // namespace
 

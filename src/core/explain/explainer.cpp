@@ -42,43 +42,43 @@ public:
 
     Explanation run() const {
         switch (i_) {
-        case 0:
+        case fields::FireMode:
             return fireMode();
-        case 2:
-        case 22:
+        case fields::NeededItem:
+        case fields::GivenItem:
             return item();
-        case 4:
-        case 6:
-        case 20:
+        case fields::TriggerTrue:
+        case fields::TriggerFalse:
+        case fields::TriggerSet:
             return trigger();
-        case 8:
-        case 15:
-        case 16:
+        case fields::QuestHeld:
+        case fields::QuestGiven:
+        case fields::QuestClosed:
             return quest();
-        case 9:
+        case fields::FirstDay:
             return firstDay();
-        case 10:
+        case fields::LastDay:
             return lastDay();
-        case 11:
-        case 26:
+        case fields::ActionCode:
+        case fields::ReactionCode:
             return normal([&] { return namedText(); });
-        case 12:
+        case fields::Leadership:
             return leadership();
-        case 13:
+        case fields::PhraseFirst:
             return phraseFirst();
-        case 14:
+        case fields::PhraseCount:
             return phraseCount();
-        case 17:
+        case fields::JumpNpc:
             return jumpNpc();
-        case 18:
+        case fields::JumpRecord:
             return jumpRecord();
-        case 19:
+        case fields::Spare20:
             return spare("Данный байт у всех существующих НПЦ равен \"00\"");
-        case 24:
+        case fields::MoveTo:
             return v_ == kNoWord
                        ? normal("Запись не перемещает НПЦ")
                        : normal([&] { return "НПЦ переместиться на координаты " + str(v_); });
-        case 28:
+        case fields::Spare29:
             return spare("Данные байты у всех существующих НПЦ равны \"00\"");
         default:
             return {};
@@ -129,7 +129,7 @@ private:
     }
 
     Explanation item() const {
-        const bool needed = i_ == 2;
+        const bool needed = i_ == fields::NeededItem;
         if (v_ == 0)
             return normal(needed ? "Запись не проверяет наличия предметов у НПЦ"
                                  : "НПЦ не передает игроку никаких предметов");
@@ -144,38 +144,39 @@ private:
 
     Explanation trigger() const {
         if (v_ == kNoWord) {
-            if (i_ == 20)
+            if (i_ == fields::TriggerSet)
                 return normal("Запись не переводит трииггеры в логическое значение TRUE");
-            return normal(i_ == 4 ? "Запись не проверяет триггеры на логическое условие TRUE"
-                                  : "Запись не проверяет триггеры на логическое условие FALSE");
+            return normal(i_ == fields::TriggerTrue
+                              ? "Запись не проверяет триггеры на логическое условие TRUE"
+                              : "Запись не проверяет триггеры на логическое условие FALSE");
         }
         if (v_ >= kTriggers)
             return beyond("(всего существует 500 триггеров [0-499])");
-        if (i_ == 20)
+        if (i_ == fields::TriggerSet)
             return normal(
                 [&] { return "Триггер " + namedText() + " будет переведен в значение TRUE"; });
         return normal([&] {
             return "Триггер " + namedText() + " должен иметь значение " +
-                   (i_ == 4 ? "TRUE" : "FALSE");
+                   (i_ == fields::TriggerTrue ? "TRUE" : "FALSE");
         });
     }
 
     Explanation quest() const {
         if (v_ == kNoByte) {
             switch (i_) {
-            case 8:
+            case fields::QuestHeld:
                 return normal("Запись не проверяет получение квестов игроком");
-            case 15:
+            case fields::QuestGiven:
                 return normal("Запись не дает квестов");
             default:
                 return normal("Запись не закрывает квестов");
             }
         }
         switch (i_) {
-        case 8:
+        case fields::QuestHeld:
             return normal(
                 [&] { return "Квест " + namedText() + " уже должен быть получен игроком"; });
-        case 15:
+        case fields::QuestGiven:
             return normal([&] { return "Игрок получает квест " + namedText(); });
         default:
             return normal([&] { return "Квест " + namedText() + " будет считаться выполненым"; });
@@ -185,7 +186,7 @@ private:
     Explanation firstDay() const {
         if (v_ == kNoByte)
             return red("Эта запись не сработает никогда!");
-        const int last = r_[10];
+        const auto last = static_cast<int>(fieldValue(r_, fields::LastDay));
         Explanation e =
             v_ == 0 ? normal("Запись сработает с начала игры")
                     : normal([&] { return "Запись сработает только с " + str(v_) + " дня"; });
@@ -195,7 +196,7 @@ private:
     }
 
     Explanation lastDay() const {
-        const std::uint32_t first = r_[9];
+        const std::uint32_t first = fieldValue(r_, fields::FirstDay);
         if (first == kNoByte)
             return red("Байт 10 не может иметь значение \"FF\". Эта запись не сработает никогда!");
         if (v_ <= first) {
@@ -226,7 +227,7 @@ private:
     }
 
     Explanation phraseFirst() const {
-        const std::uint32_t count = r_[14];
+        const std::uint32_t count = fieldValue(r_, fields::PhraseCount);
         Explanation e;
         if (v_ == kNoByte && count == 1)
             e = normal("НПЦ ничего не скажет");
@@ -246,7 +247,7 @@ private:
     }
 
     Explanation phraseCount() const {
-        const std::uint32_t first = r_[13];
+        const std::uint32_t first = fieldValue(r_, fields::PhraseFirst);
         if (first == kNoByte && v_ == 1)
             return normal("НПЦ ничего не скажет");
         if (first == kNoByte)

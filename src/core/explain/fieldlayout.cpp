@@ -85,6 +85,14 @@ std::optional<ListKey> listForField(int fieldIndex) {
     return f ? f->list : std::nullopt;
 }
 
+std::optional<PhraseRange> spokenPhrases(const NpcRecord& record) {
+    const auto first = fieldValue(record, fields::PhraseFirst);
+    if (first == kMaxByteValue)
+        return std::nullopt;
+    return PhraseRange{static_cast<int>(first),
+                       static_cast<int>(fieldValue(record, fields::PhraseCount))};
+}
+
 std::span<const EditableField> editableFields() {
     return kEditable;
 }

@@ -138,6 +138,15 @@ std::string fieldHex(const NpcRecord& record, int fieldIndex);
 // The list that names the value of a field, if the field has one.
 std::optional<ListKey> listForField(int fieldIndex);
 
+// The phrases a record speaks: from its first phrase on, as many as its count says;
+// nothing when the first phrase is FF (the NPC says nothing).
+struct PhraseRange {
+    int first;
+    int count;
+    bool contains(int phrase) const { return phrase >= first && phrase < first + count; }
+};
+std::optional<PhraseRange> spokenPhrases(const NpcRecord& record);
+
 // A place where a number can be typed in: each field, except that bytes 29-32 are
 // offered one by one. The byte editor's field chooser has exactly these 24 rows.
 struct EditableField {

@@ -16,10 +16,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kPhraseFirst = 13;
-constexpr int kPhraseCount = 14;
-constexpr std::uint8_t kNoPhrase = 0xFF;
-constexpr std::size_t kJaTail = npcformat::kJaHeaderSize + 49 * kRecordSize;
+// Where the 49 records of a "ja" script end: the rest of the file is its tail.
+constexpr std::size_t kJaTail = npcformat::recordOffset(NpcFileType::Ja, kJaRecords);
 
 // The speech file beside a script, as far as it could be read.
 struct Speech {
@@ -48,10 +46,11 @@ Speech readSpeech(const fs::path& script, const CompanionIndex& companions,
 
 void lintPhrases(const fs::path& script, int position, const NpcRecord& record,
                  const Speech& speech, std::vector<Finding>& findings) {
-    if (!speech.file || record[kPhraseFirst] == kNoPhrase)
+    const auto spoken = spokenPhrases(record);
+    if (!speech.file || !spoken)
         return;
     std::vector<int> missing, empty;
-    for (int p = record[kPhraseFirst]; p < record[kPhraseFirst] + record[kPhraseCount]; ++p) {
+    for (int p = spoken->first; p < spoken->first + spoken->count; ++p) {
         if (p >= speech.phrasesOnDisk)
             missing.push_back(p);
         else if (speech.file->phraseBytes(p).empty())
@@ -59,11 +58,11 @@ void lintPhrases(const fs::path& script, int position, const NpcRecord& record,
     }
     const std::string name = speech.file->title();
     if (!missing.empty())
-        findings.push_back({script, position, kPhraseFirst, Severity::Warning,
+        findings.push_back({script, position, fields::PhraseFirst, Severity::Warning,
                             "фразы " + numberRanges(missing) + " нет в файле " + name +
                                 " (в нём фраз: " + std::to_string(speech.phrasesOnDisk) + ")"});
     if (!empty.empty())
-        findings.push_back({script, position, kPhraseFirst, Severity::Warning,
+        findings.push_back({script, position, fields::PhraseFirst, Severity::Warning,
                             (empty.size() == 1 ? "фраза " : "фразы ") + numberRanges(empty) +
                                 " в файле " + name + (empty.size() == 1 ? " пустая" : " пустые")});
 }

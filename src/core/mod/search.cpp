@@ -13,9 +13,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kPhraseFirst = 13;
-constexpr int kPhraseCount = 14;
-
 using Test = std::function<void(const fs::path&, int position, const NpcRecord&,
                                 const ExplainContext&, std::vector<Finding>&)>;
 
@@ -59,10 +56,10 @@ std::vector<Finding> findPhrase(std::span<const fs::path> scripts, int phrase,
     return search(scripts, lists,
                   [&](const fs::path& file, int position, const NpcRecord& record,
                       const ExplainContext& context, std::vector<Finding>& found) {
-                      const int first = record[kPhraseFirst];
-                      if (first != 0xFF && phrase >= first && phrase < first + record[kPhraseCount])
+                      if (const auto spoken = spokenPhrases(record);
+                          spoken && spoken->contains(phrase))
                           found.push_back(match(file, position, record,
-                                                *fieldStartingAt(kPhraseFirst), context));
+                                                *fieldStartingAt(fields::PhraseFirst), context));
                   });
 }
 
