@@ -4,8 +4,8 @@
 // keystroke costs: the pane's text copied and converted to the file's encoding once.
 // Run: build/benchmarks/session_keystroke --benchmark_repetitions=9
 //      --benchmark_report_aggregates_only=true
-#include "session/options.h"
 #include "session/speechdocument.h"
+#include "settings/options.h"
 #include "text/cp1251.h"
 
 #include <benchmark/benchmark.h>
@@ -24,7 +24,7 @@ public:
     void about(const QString&, const QString&) override {}
     void beep() override {}
     std::optional<unsigned> chooseColour(unsigned) override { return std::nullopt; }
-    std::optional<session::TextFont> chooseFont(const session::TextFont&, double, double) override {
+    std::optional<TextFont> chooseFont(const TextFont&, double, double) override {
         return std::nullopt;
     }
 };
@@ -32,7 +32,7 @@ public:
 // A saved file of 143 full phrases, opened, the pane on phrase 71 with its text.
 struct FullFile {
     SilentPrompts prompts;
-    session::Options options;
+    Options options;
     std::filesystem::path path = std::filesystem::temp_directory_path() / "keystroke_bench.edt";
     session::SpeechDocument speech{prompts, options, std::filesystem::temp_directory_path()};
     QString text;

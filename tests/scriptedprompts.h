@@ -50,11 +50,11 @@ public:
     void beep() override { ++beeps; }
     // The colour and font dialogs answer from these; nothing there is a cancel.
     std::optional<unsigned> colourAnswer;
-    std::optional<parlex::session::TextFont> fontAnswer;
+    std::optional<parlex::TextFont> fontAnswer;
     std::vector<std::pair<double, double>> fontLimits; // of each font dialog shown
     std::optional<unsigned> chooseColour(unsigned) override { return colourAnswer; }
-    std::optional<parlex::session::TextFont> chooseFont(const parlex::session::TextFont&,
-                                                        double minSize, double maxSize) override {
+    std::optional<parlex::TextFont> chooseFont(const parlex::TextFont&, double minSize,
+                                               double maxSize) override {
         fontLimits.emplace_back(minSize, maxSize);
         return fontAnswer;
     }

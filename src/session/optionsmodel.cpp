@@ -10,9 +10,9 @@ OptionsModel::OptionsModel(Session& session, FileAssociation* association)
     state(OptionBox::Check).ticked = options.flagOverwrite;
     state(OptionBox::CheckR) = {association_ && association_->isAssociated(),
                                 association_ != nullptr};
-    state(OptionBox::CheckA).ticked = options.animation;
+    state(OptionBox::CheckA).ticked = options.animationOff;
     state(OptionBox::CheckH).ticked = options.toolTips;
-    state(OptionBox::CheckM).ticked = options.showMessages;
+    state(OptionBox::CheckM).ticked = options.paneFollowsPhrase;
     state(OptionBox::CheckS1).ticked = options.autoLoad;
     const bool remember = options.rememberPath;
     state(OptionBox::CheckS) = {!remember, !remember};
@@ -29,13 +29,13 @@ void OptionsModel::setTicked(OptionBox box, bool ticked) {
         options.flagOverwrite = ticked;
         break;
     case OptionBox::CheckA:
-        options.animation = ticked;
+        options.animationOff = ticked;
         break;
     case OptionBox::CheckH:
         options.toolTips = ticked;
         break;
     case OptionBox::CheckM:
-        options.showMessages = ticked;
+        options.paneFollowsPhrase = ticked;
         break;
     case OptionBox::CheckS1:
         break; // stored at closing

@@ -1,10 +1,10 @@
 #include "session/recordcursor.h"
 
 #include "explain/fieldlayout.h"
-#include "session/options.h"
 #include "session/scriptdocument.h"
 #include "session/speechdocument.h"
 #include "session/userprompts.h"
+#include "settings/options.h"
 #include "text/numbers.h"
 
 #include <algorithm>
@@ -155,7 +155,7 @@ std::optional<int> RecordCursor::shownField() const {
 Explanation RecordCursor::explanation() const {
     const NpcFile* npc = document_.file();
     const ExplainContext context{npc ? std::optional(npc->type()) : std::nullopt, &lists_,
-                                 options_.showMessages, speech_.lastPhrase()};
+                                 options_.paneFollowsPhrase, speech_.lastPhrase()};
     if (npc && noRecordShown_)
         return explain(nullptr, 0, context);
     const auto field = shownField();

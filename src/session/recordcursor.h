@@ -8,14 +8,14 @@
 
 namespace parlex {
 class CodeLists;
-}
+struct Options;
+} // namespace parlex
 
 namespace parlex::session {
 
 class ScriptDocument;
 class SpeechDocument;
 class UserPrompts;
-struct Options;
 
 // How the field under the mouse is marked on the grid.
 enum class FieldMark {

@@ -2,8 +2,6 @@
 
 #include "session/commandline.h"
 
-#include <cmath>
-
 namespace parlex::session {
 
 Session::Session(UserPrompts& prompts, std::filesystem::path programDir, QObject* parent)
@@ -15,23 +13,6 @@ Session::Session(UserPrompts& prompts, std::filesystem::path programDir, QObject
 }
 
 // ---------------------------------------------------------------- options
-
-namespace {
-
-// The file keeps colours as the platform's colour value, 0x00BBGGRR; a system colour
-// (negative) stands for the usual white of a text box.
-unsigned rgbOf(std::int32_t colourRef) {
-    if (colourRef < 0 || colourRef > 0xFFFFFF)
-        return 0xFFFFFF;
-    const auto c = static_cast<unsigned>(colourRef);
-    return ((c & 0xFF) << 16) | (c & 0xFF00) | ((c >> 16) & 0xFF);
-}
-
-std::int32_t colourRefOf(unsigned rgb) {
-    return static_cast<std::int32_t>(((rgb & 0xFF) << 16) | (rgb & 0xFF00) | ((rgb >> 16) & 0xFF));
-}
-
-} // namespace
 
 void Session::setOptions(const Options& options) {
     if (options == options_)
@@ -56,43 +37,20 @@ void Session::choosePhraseFont() {
         updateOptions([&](Options& o) { o.phraseFont = *font; });
 }
 
-void Session::restore(const Settings& s) {
-    options_.toolTips = s.toolTips;
-    options_.animation = s.animation;
-    options_.flagOverwrite = s.flagOverwrite;
-    options_.showMessages = s.showMessages;
-    options_.helpFontSize = static_cast<int>(std::lround(s.helpFontSize));
-    options_.helpAlignment = s.helpAlignment;
-    options_.phraseFont = {s.fontName, s.fontSize, s.bold, s.italic};
-    options_.phraseBackColour = rgbOf(s.backColour);
-    options_.rememberPath = s.rememberPath;
-    options_.findEdtName = s.findEdtName;
-    options_.autoLoad = s.autoLoad;
-    if (!s.scriptPath.empty())
-        flows_.setLastPath(platform::pathFromUtf8(s.scriptPath));
-    if (!s.speechPath.empty())
-        speech_.setRememberedPath(platform::pathFromUtf8(s.speechPath));
+void Session::restore(const Settings& settings) {
+    options_ = settings.options;
+    if (!settings.scriptPath.empty())
+        flows_.setLastPath(platform::pathFromUtf8(settings.scriptPath));
+    if (!settings.speechPath.empty())
+        speech_.setRememberedPath(platform::pathFromUtf8(settings.speechPath));
     emit optionsChanged();
 }
 
-Settings Session::remembered(Settings s) const {
-    s.toolTips = options_.toolTips;
-    s.animation = options_.animation;
-    s.flagOverwrite = options_.flagOverwrite;
-    s.showMessages = options_.showMessages;
-    s.helpFontSize = options_.helpFontSize;
-    s.helpAlignment = options_.helpAlignment;
-    s.fontName = options_.phraseFont.family;
-    s.fontSize = options_.phraseFont.pointSize;
-    s.bold = options_.phraseFont.bold;
-    s.italic = options_.phraseFont.italic;
-    s.backColour = colourRefOf(options_.phraseBackColour);
-    s.rememberPath = options_.rememberPath;
-    s.findEdtName = options_.findEdtName;
-    s.autoLoad = options_.autoLoad;
-    s.scriptPath = platform::utf8(flows_.lastPath());
-    s.speechPath = platform::utf8(speech_.rememberedPath());
-    return s;
+Settings Session::remembered(Settings base) const {
+    base.options = options_;
+    base.scriptPath = platform::utf8(flows_.lastPath());
+    base.speechPath = platform::utf8(speech_.rememberedPath());
+    return base;
 }
 
 // ---------------------------------------------------------------- start and end

@@ -2,12 +2,12 @@
 
 #include "session/diskwatch.h"
 #include "session/listlibrary.h"
-#include "session/options.h"
 #include "session/recordcursor.h"
 #include "session/scriptdocument.h"
 #include "session/scriptflows.h"
 #include "session/speechdocument.h"
 #include "session/userprompts.h"
+#include "settings/options.h"
 #include "settings/settingsfile.h"
 
 #include <QObject>

@@ -1,9 +1,9 @@
 #include "session/speechdocument.h"
 
 #include "platform/files.h"
-#include "session/options.h"
 #include "session/pathtext.h"
 #include "session/saveflow.h"
+#include "settings/options.h"
 #include "speech/companion.h"
 #include "speech/decompiler.h"
 #include "text/numbers.h"

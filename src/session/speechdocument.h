@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/userprompts.h"
+#include "settings/options.h"
 #include "speech/edtfile.h"
 
 #include <QObject>
@@ -8,8 +9,6 @@
 #include <optional>
 
 namespace parlex::session {
-
-struct Options;
 
 // The open speech file beside the script, the phrase the pane shows, and the flows
 // of speech files: open (the filter chosen says the kind), new documents of the three

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/error.h"
-#include "session/options.h"
+#include "settings/options.h"
 
 #include <QString>
 #include <QStringList>

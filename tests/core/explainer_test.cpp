@@ -312,7 +312,7 @@ TEST_F(ExplainerTest, PhraseStepNamesThePhraseOnlyWhenThePaneShouldFollow) {
     r[14] = 1;
     struct StepCase {
         std::uint8_t first;
-        bool showMessages;
+        bool paneFollowsPhrase;
         int lastPhrase;
         std::optional<int> phrase;
     } cases[] = {
@@ -327,10 +327,10 @@ TEST_F(ExplainerTest, PhraseStepNamesThePhraseOnlyWhenThePaneShouldFollow) {
     };
     for (const auto& c : cases) {
         r[13] = c.first;
-        const auto e =
-            explain(&r, 13, ExplainContext{NpcFileType::Ub, &lists, c.showMessages, c.lastPhrase});
+        const auto e = explain(
+            &r, 13, ExplainContext{NpcFileType::Ub, &lists, c.paneFollowsPhrase, c.lastPhrase});
         EXPECT_EQ(e.phrase, c.phrase)
-            << int(c.first) << " " << c.showMessages << " " << c.lastPhrase;
+            << int(c.first) << " " << c.paneFollowsPhrase << " " << c.lastPhrase;
         // Other fields never move the pane.
         EXPECT_FALSE(explain(&r, 14, ExplainContext{NpcFileType::Ub, &lists, true, 142}).phrase);
     }

@@ -214,7 +214,7 @@ TEST(SaveFaults, ListFile) {
 
 TEST(SaveFaults, SettingsFile) {
     Settings settings;
-    settings.toolTips = true;
+    settings.options.toolTips = true;
     expectEveryFaultLeavesTheOldFile(
         {[](const fs::path& target) { testutil::writeText(target, "[old]\r\n"); },
          [&](const fs::path& target) { return writeSettingsFile(target, settings); }},

@@ -52,41 +52,50 @@ const Case kCases[] = {
      [](const Settings& s) {
          EXPECT_EQ(s.left, (15360 - 9000) / 2.0);
          EXPECT_EQ(s.top, (11520 - 7005) / 2.0);
-         EXPECT_TRUE(s.flagOverwrite && s.showMessages && s.findEdtName);
-         EXPECT_EQ(s.fontSize, 9.75);
+         EXPECT_TRUE(s.options.flagOverwrite && s.options.paneFollowsPhrase &&
+                     s.options.findEdtName);
+         EXPECT_EQ(s.options.phraseFont.pointSize, 9.75);
      }},
     {"AMissingFlagIsOffAndMissingSizesTakeTheirFallbacks", "Top=1000\r\n",
      [](const Settings& s) {
          EXPECT_EQ(s.top, 1000);
-         EXPECT_FALSE(s.flagOverwrite || s.showMessages || s.toolTips || s.autoLoad);
-         EXPECT_EQ(s.helpFontSize, 8);
-         EXPECT_EQ(s.fontSize, 10);
-         EXPECT_TRUE(s.findEdtName);
-         EXPECT_EQ(s.fontName, "MS Sans Serif") << "a missing name keeps the design font";
+         EXPECT_FALSE(s.options.flagOverwrite || s.options.paneFollowsPhrase ||
+                      s.options.toolTips || s.options.autoLoad);
+         EXPECT_EQ(s.options.helpFontSize, 8);
+         EXPECT_EQ(s.options.phraseFont.pointSize, 10);
+         EXPECT_TRUE(s.options.findEdtName);
+         EXPECT_EQ(s.options.phraseFont.family, "MS Sans Serif")
+             << "a missing name keeps the design font";
      }},
     {"KeysInOtherCaseOrWithABlankAreIgnored", "top=100\r\nTop =100\r\nTOOLTIP=1\r\n",
      [](const Settings& s) {
          EXPECT_EQ(s.top, 500);
-         EXPECT_FALSE(s.toolTips);
+         EXPECT_FALSE(s.options.toolTips);
      }},
     {"OnlyTheFirstCharacterOfAFlagCounts_1x", "ToolTip=1x",
-     [](const Settings& s) { EXPECT_TRUE(s.toolTips); }},
+     [](const Settings& s) { EXPECT_TRUE(s.options.toolTips); }},
     {"OnlyTheFirstCharacterOfAFlagCounts_10", "ToolTip=10",
-     [](const Settings& s) { EXPECT_TRUE(s.toolTips); }},
+     [](const Settings& s) { EXPECT_TRUE(s.options.toolTips); }},
     {"OnlyTheFirstCharacterOfAFlagCounts_01", "ToolTip=01",
-     [](const Settings& s) { EXPECT_FALSE(s.toolTips); }},
+     [](const Settings& s) { EXPECT_FALSE(s.options.toolTips); }},
     {"AlignmentFromItsFirstCharacter_12", "lAlig=12",
-     [](const Settings& s) { EXPECT_EQ(s.helpAlignment, 1); }},
+     [](const Settings& s) { EXPECT_EQ(s.options.helpAlignment, 1); }},
     {"AlignmentALoneMinusIsNoNumber", "lAlig=-1",
-     [](const Settings& s) { EXPECT_EQ(s.helpAlignment, 0); }},
-    {"AlignmentAboveTwo", "lAlig=5", [](const Settings& s) { EXPECT_EQ(s.helpAlignment, 2); }},
-    {"HelpSizeBelowEight", "lSize=7", [](const Settings& s) { EXPECT_EQ(s.helpFontSize, 8); }},
-    {"HelpSizeAboveFourteen", "lSize=15", [](const Settings& s) { EXPECT_EQ(s.helpFontSize, 14); }},
-    {"HelpSizeWithin", "lSize=10.5", [](const Settings& s) { EXPECT_EQ(s.helpFontSize, 10.5); }},
-    {"PaneSizeBelowFour", "edtTxtFontSize=3", [](const Settings& s) { EXPECT_EQ(s.fontSize, 4); }},
+     [](const Settings& s) { EXPECT_EQ(s.options.helpAlignment, 0); }},
+    {"AlignmentAboveTwo", "lAlig=5",
+     [](const Settings& s) { EXPECT_EQ(s.options.helpAlignment, 2); }},
+    {"HelpSizeBelowEight", "lSize=7",
+     [](const Settings& s) { EXPECT_EQ(s.options.helpFontSize, 8); }},
+    {"HelpSizeAboveFourteen", "lSize=15",
+     [](const Settings& s) { EXPECT_EQ(s.options.helpFontSize, 14); }},
+    {"HelpSizeWithin", "lSize=10.4",
+     [](const Settings& s) { EXPECT_EQ(s.options.helpFontSize, 10); }},
+    {"PaneSizeBelowFour", "edtTxtFontSize=3",
+     [](const Settings& s) { EXPECT_EQ(s.options.phraseFont.pointSize, 4); }},
     {"PaneSizeAboveEighteen", "edtTxtFontSize=19",
-     [](const Settings& s) { EXPECT_EQ(s.fontSize, 18); }},
-    {"PaneSizeAWord", "edtTxtFontSize=big", [](const Settings& s) { EXPECT_EQ(s.fontSize, 10); }},
+     [](const Settings& s) { EXPECT_EQ(s.options.phraseFont.pointSize, 18); }},
+    {"PaneSizeAWord", "edtTxtFontSize=big",
+     [](const Settings& s) { EXPECT_EQ(s.options.phraseFont.pointSize, 10); }},
     {"AHeightAboveTheScreen", "Height=99999", [](const Settings& s) { EXPECT_EQ(s.height, 7000); }},
     {"ALeftOf9200BeyondTheEdgeStays", "Left=-9200",
      [](const Settings& s) { EXPECT_EQ(s.left, -9200); }},
@@ -113,15 +122,19 @@ const Case kCases[] = {
     {"ABarBeyondTheInnerWidth", "wLeft=5031", // 9000 - 120 - 3850 = 5030
      [](const Settings& s) { EXPECT_EQ(s.splitterLeft, 3000); }},
     {"KeysInAnySectionOrNone", "ShowMessages=1\r\n[HISTORY]\r\nAnimation=1\r\n[X]\r\nAutoLoad=1",
-     [](const Settings& s) { EXPECT_TRUE(s.showMessages && s.animation && s.autoLoad); }},
+     [](const Settings& s) {
+         EXPECT_TRUE(s.options.paneFollowsPhrase && s.options.animationOff && s.options.autoLoad);
+     }},
     {"TheLastOfTwoLinesCounts", "Top=1000\r\nTop=2000\n",
      [](const Settings& s) { EXPECT_EQ(s.top, 2000); }},
     {"RememberingThePathTurnsTheNameFindingOff", "RemebPath=1",
-     [](const Settings& s) { EXPECT_TRUE(s.rememberPath && !s.findEdtName); }},
-    {"TheColourIsASignedNumber", "edtTxtFon=-2147483643",
-     [](const Settings& s) { EXPECT_EQ(s.backColour, -2147483643); }},
+     [](const Settings& s) { EXPECT_TRUE(s.options.rememberPath && !s.options.findEdtName); }},
+    {"TheColourIsBlueGreenRed", "edtTxtFon=8454143", // 0x0080FFFF
+     [](const Settings& s) { EXPECT_EQ(s.options.phraseBackColour, 0xFFFF80u); }},
+    {"ASystemColourIsTheUsualWhite", "edtTxtFon=-2147483643",
+     [](const Settings& s) { EXPECT_EQ(s.options.phraseBackColour, 0xFFFFFFu); }},
     {"AColourThatIsNoNumberStays", "edtTxtFon=red",
-     [](const Settings& s) { EXPECT_EQ(s.backColour, 0xFFFFFF); }},
+     [](const Settings& s) { EXPECT_EQ(s.options.phraseBackColour, 0xFFFFFFu); }},
     {"PathsThatAreStillThereStay", "Path=/mods/053.npc\r\nsPath=/mods/053.EDT",
      [](const Settings& s) {
          EXPECT_EQ(s.scriptPath, "/mods/053.npc");
@@ -133,10 +146,10 @@ const Case kCases[] = {
      "Path=/mods/" + std::string(300, 'a') + "\r\nedtTxtFontName=" + std::string(300, 'b'),
      [](const Settings& s) {
          EXPECT_TRUE(s.scriptPath.empty());
-         EXPECT_EQ(s.fontName.size(), 260u - 15u);
+         EXPECT_EQ(s.options.phraseFont.family.size(), 260u - 15u);
      }},
     {"TextsAreWindows1251", "edtTxtFontName=\xc0\xf0\xe8\xe0\xeb",
-     [](const Settings& s) { EXPECT_EQ(s.fontName, "Ариал"); }},
+     [](const Settings& s) { EXPECT_EQ(s.options.phraseFont.family, "Ариал"); }},
 };
 
 INSTANTIATE_TEST_SUITE_P(EveryRule, SettingsRead, ::testing::ValuesIn(kCases),
@@ -150,15 +163,16 @@ TEST(SettingsFile, WhatIsWrittenReadsBackTheSame) {
     s.height = 9000;
     s.splitterTop = 3000;
     s.splitterLeft = 4000;
-    s.helpFontSize = 12;
-    s.helpAlignment = 2;
-    s.toolTips = s.animation = s.autoLoad = s.bold = s.italic = true;
-    s.flagOverwrite = s.showMessages = false;
-    s.rememberPath = true;
-    s.findEdtName = false;
-    s.fontName = "Шрифт";
-    s.fontSize = 9.75;
-    s.backColour = 0x80FFFF;
+    s.options.helpFontSize = 12;
+    s.options.helpAlignment = 2;
+    s.options.toolTips = s.options.animationOff = s.options.autoLoad = s.options.phraseFont.bold =
+        s.options.phraseFont.italic = true;
+    s.options.flagOverwrite = s.options.paneFollowsPhrase = false;
+    s.options.rememberPath = true;
+    s.options.findEdtName = false;
+    s.options.phraseFont.family = "Шрифт";
+    s.options.phraseFont.pointSize = 9.75;
+    s.options.phraseBackColour = 0x80FFFF;
     s.scriptPath = "/mods/053.npc";
     s.speechPath = "/mods/053.EDT";
     const std::string text = settingsText(s);
@@ -186,7 +200,7 @@ TEST(SettingsFile, WrittenAtomicallyOverAReadOnlyFileAndReadFromDisk) {
     testutil::TempDir dir;
     const auto file = dir / "Parlex.ini";
     Settings s = designed();
-    s.toolTips = true;
+    s.options.toolTips = true;
     s.scriptPath = (dir / "053.npc").string();
     testutil::writeBytes(dir / "053.npc", {1});
     testutil::writeBytes(file, {'o', 'l', 'd'});

@@ -60,7 +60,7 @@ private:
 void EditDialogTest::init() {
     makeWindow();
     win().session().updateOptions(
-        [&](auto& o) { o.animation = true; }); // closes at once; one test plays it
+        [&](auto& o) { o.animationOff = true; }); // closes at once; one test plays it
     QVERIFY(open(write("e.npc", testutil::script({1, 2}))));
 }
 
@@ -287,7 +287,7 @@ void EditDialogTest::greatestValuesAndTheClipboard() {
 
 void EditDialogTest::closingShrinksAwayUnlessBlocked() {
     for (bool blocked : {true, false}) {
-        win().session().updateOptions([&](auto& o) { o.animation = blocked; });
+        win().session().updateOptions([&](auto& o) { o.animationOff = blocked; });
         openOn(0);
         QPointer<EditDialog> d = dialog();
         const QSize before = d->size();

@@ -108,7 +108,7 @@ void OptionsDialogTest::theTabsShowTheirControlsInAFrameOfOneSize() {
 }
 
 void OptionsDialogTest::clicksReachTheOptionsAndClosingStoresTheRest() {
-    win().session().updateOptions([&](auto& o) { o.animation = true; });
+    win().session().updateOptions([&](auto& o) { o.animationOff = true; });
     QVERIFY(openDialog());
     in<QTabBar>("TabStrip")->setCurrentIndex(1);
     QVERIFY(!in<QCheckBox>("CheckUS")->isEnabled());
@@ -121,7 +121,7 @@ void OptionsDialogTest::clicksReachTheOptionsAndClosingStoresTheRest() {
     QVERIFY(!in<QCheckBox>("CheckS1")->isEnabled());
     QVERIFY(!win().session().options().rememberPath);
     QTest::keyClick(dialog(), Qt::Key_Escape);
-    QVERIFY2(!dialog() || !dialog()->isVisible(), "closed at once with the animation blocked");
+    QVERIFY2(!dialog() || !dialog()->isVisible(), "closed at once with the animation off");
     QVERIFY(win().session().options().rememberPath);
 
     QVERIFY(openDialog());

@@ -294,7 +294,7 @@ void SpeechPaneTest::propertiesCloseOnATypingKeyOrAClick() {
     QFETCH(int, key);
     QFETCH(bool, closes);
     win().session().updateOptions(
-        [&](auto& o) { o.animation = true; }); // closes at once, without shrinking
+        [&](auto& o) { o.animationOff = true; }); // closes at once, without shrinking
     bool stillOpen = false;
     QTimer::singleShot(0, this, [&] {
         auto* window = qobject_cast<FilePropWindow*>(QApplication::activeModalWidget());
@@ -344,7 +344,7 @@ void SpeechPaneTest::colourAndFontFromThePopUp() {
     f->prompts.colourAnswer = 0xFFFF80;
     act("nFon")->trigger();
     QCOMPARE(text()->palette().color(QPalette::Base), QColor(0xFF, 0xFF, 0x80));
-    f->prompts.fontAnswer = session::TextFont{"Serif", 14, true, true};
+    f->prompts.fontAnswer = TextFont{"Serif", 14, true, true};
     act("nFont")->trigger();
     QCOMPARE(text()->font().pointSizeF(), 14.0);
     QVERIFY(text()->font().bold() && text()->font().italic());

@@ -39,7 +39,7 @@ void WindowSettingsTest::aFirstStartIsCentred() {
     const QRect area = fresh.screen()->geometry();
     QVERIFY(qAbs(fresh.x() - (area.x() + (area.width() - fresh.width() - 8) / 2)) <= 1);
     QVERIFY(qAbs(fresh.y() - (area.y() + (area.height() - fresh.height() - 46) / 2)) <= 1);
-    QVERIFY(fresh.session().options().showMessages);
+    QVERIFY(fresh.session().options().paneFollowsPhrase);
 }
 
 void WindowSettingsTest::aStartAfterARunBringsItAllBack() {

@@ -41,15 +41,15 @@ constexpr BoxState on{true, true}, off{false, true}, onGrey{true, false}, offGre
 TEST_F(OptionsTest, TheBoxesAtOpeningFollowTheOptions) {
     struct Case {
         const char* name;
-        void (*set)(parlex::session::Options&);
+        void (*set)(parlex::Options&);
         std::vector<BoxState> expected; // Check A H M S S1 US
     };
     const Case cases[] = {
         {"a first start", [](auto&) {}, {on, off, off, on, on, off, offGrey}},
         {"every flag turned",
          [](auto& o) {
-             o.flagOverwrite = false, o.animation = true, o.toolTips = true;
-             o.showMessages = false, o.autoLoad = true;
+             o.flagOverwrite = false, o.animationOff = true, o.toolTips = true;
+             o.paneFollowsPhrase = false, o.autoLoad = true;
          },
          {off, on, on, off, on, on, offGrey}},
         {"the path remembered, loading at once kept while greyed",
@@ -80,9 +80,9 @@ TEST_F(OptionsTest, FourBoxesChangeTheirOptionAtTheClickAndTellIt) {
     EXPECT_EQ(told.count(), 5);
     const auto& o = session.options();
     EXPECT_FALSE(o.flagOverwrite);
-    EXPECT_TRUE(o.animation);
+    EXPECT_TRUE(o.animationOff);
     EXPECT_TRUE(o.toolTips);
-    EXPECT_FALSE(o.showMessages);
+    EXPECT_FALSE(o.paneFollowsPhrase);
     EXPECT_EQ(boxes(model), (std::vector<BoxState>{off, on, on, off, on, on, offGrey}));
 }
 

@@ -331,7 +331,7 @@ TEST_F(SpeechTest, ByteFourteenBringsItsPhraseIntoThePane) {
     session.cursor().setPosition(2);
     session.cursor().hover(13);
     EXPECT_EQ(speech.phraseIndex(), 7) << "a phrase the file does not have";
-    session.updateOptions([&](auto& o) { o.showMessages = false; });
+    session.updateOptions([&](auto& o) { o.paneFollowsPhrase = false; });
     session.cursor().setPosition(1);
     speech.step(Step::Home);
     session.cursor().hover(13);
@@ -339,7 +339,7 @@ TEST_F(SpeechTest, ByteFourteenBringsItsPhraseIntoThePane) {
 }
 
 TEST_F(SpeechTest, ThePhraseTextTakesTheChosenColourAndFontUnlessCancelled) {
-    using parlex::session::TextFont;
+    using parlex::TextFont;
     QSignalSpy restyled(&session, &Session::optionsChanged);
     const TextFont chosen{"Liberation Serif", 14, true, false};
     const struct {

@@ -240,7 +240,7 @@ private:
             if (count > kPhraseSlots || count == 0 || v_ + count > kPhraseSlots)
                 e.remark = ", но значение байта 15 не верно!";
         }
-        if (ctx_.showMessages && ctx_.lastPhrase != 0 &&
+        if (ctx_.paneFollowsPhrase && ctx_.lastPhrase != 0 &&
             v_ <= static_cast<std::uint32_t>(ctx_.lastPhrase))
             e.phrase = static_cast<int>(v_);
         return e;

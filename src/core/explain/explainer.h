@@ -15,7 +15,7 @@ struct ExplainContext {
     std::optional<NpcFileType> fileType;
     const CodeLists* lists = nullptr;
     // The speech pane follows byte 14 only when this setting is on ...
-    bool showMessages = false;
+    bool paneFollowsPhrase = false;
     // ... and a speech file is open: its last phrase number (142, 14 or 34), 0 if none.
     int lastPhrase = 0;
 };

@@ -110,6 +110,19 @@ std::string shortest(double value) {
     return ec == std::errc() ? std::string(buffer, end) : std::string("0");
 }
 
+// The file keeps colours as the platform's colour value, 0x00BBGGRR; a system colour
+// (negative) stands for the usual white of a text box.
+unsigned rgbOf(std::int32_t colourRef) {
+    if (colourRef < 0 || colourRef > 0xFFFFFF)
+        return 0xFFFFFF;
+    const auto c = static_cast<unsigned>(colourRef);
+    return ((c & 0xFF) << 16) | (c & 0xFF00) | ((c >> 16) & 0xFF);
+}
+
+std::int32_t colourRefOf(unsigned rgb) {
+    return static_cast<std::int32_t>(((rgb & 0xFF) << 16) | (rgb & 0xFF00) | ((rgb >> 16) & 0xFF));
+}
+
 // A text as the file holds it; one that Windows-1251 cannot hold is left empty.
 std::string fileText(const std::string& utf8) {
     auto bytes = text::utf8ToCp1251(utf8);
@@ -180,28 +193,30 @@ void applySettingsText(std::string_view text, Settings& s, const ScreenTwips& sc
     if (s.splitterTop < 1430 || s.splitterTop > innerHeight - 1450)
         s.splitterTop = wholeDivided(s.height, 2);
 
-    s.toolTips = flag(kept(Key::ToolTip));
-    s.animation = flag(kept(Key::Animation));
-    s.flagOverwrite = flag(kept(Key::FlagOverwrite));
-    s.showMessages = flag(kept(Key::ShowMessages));
+    Options& o = s.options;
+    o.toolTips = flag(kept(Key::ToolTip));
+    o.animationOff = flag(kept(Key::Animation));
+    o.flagOverwrite = flag(kept(Key::FlagOverwrite));
+    o.paneFollowsPhrase = flag(kept(Key::ShowMessages));
 
-    s.helpFontSize = std::clamp(number(kept(Key::LSize)).value_or(8), 8.0, 14.0);
+    o.helpFontSize =
+        static_cast<int>(std::lround(std::clamp(number(kept(Key::LSize)).value_or(8), 8.0, 14.0)));
     const std::string_view alignment = kept(Key::LAlig);
-    s.helpAlignment = !alignment.empty() && alignment.front() >= '0' && alignment.front() <= '9'
+    o.helpAlignment = !alignment.empty() && alignment.front() >= '0' && alignment.front() <= '9'
                           ? std::min(alignment.front() - '0', 2)
                           : 0;
 
     if (const auto name = value(Key::FontName); name && !name->empty())
-        s.fontName = text::cp1251ToUtf8(*name);
-    s.fontSize = std::clamp(number(kept(Key::FontSize)).value_or(10), 4.0, 18.0);
-    s.bold = flag(kept(Key::Bold));
-    s.italic = flag(kept(Key::Italic));
+        o.phraseFont.family = text::cp1251ToUtf8(*name);
+    o.phraseFont.pointSize = std::clamp(number(kept(Key::FontSize)).value_or(10), 4.0, 18.0);
+    o.phraseFont.bold = flag(kept(Key::Bold));
+    o.phraseFont.italic = flag(kept(Key::Italic));
     if (const auto colour = integer(kept(Key::Fon)))
-        s.backColour = *colour;
+        o.phraseBackColour = rgbOf(*colour);
 
-    s.rememberPath = flag(kept(Key::RemebPath));
-    s.findEdtName = !s.rememberPath;
-    s.autoLoad = flag(kept(Key::AutoLoad));
+    o.rememberPath = flag(kept(Key::RemebPath));
+    o.findEdtName = !o.rememberPath;
+    o.autoLoad = flag(kept(Key::AutoLoad));
 
     if (!s.scriptPath.empty() && !stillThere(s.scriptPath))
         s.scriptPath.clear();
@@ -211,6 +226,7 @@ void applySettingsText(std::string_view text, Settings& s, const ScreenTwips& sc
 
 std::string settingsText(const Settings& s) {
     const auto bit = [](bool b) { return std::string(b ? "1" : "0"); };
+    const Options& o = s.options;
     using Entries = std::vector<std::pair<std::string_view, std::string>>;
     const std::pair<std::string_view, Entries> sections[] = {
         {"[POSITION]",
@@ -220,20 +236,20 @@ std::string settingsText(const Settings& s) {
           {"Height", shortest(s.height)},
           {"wTop", shortest(s.splitterTop)},
           {"wLeft", shortest(s.splitterLeft)},
-          {"lSize", shortest(s.helpFontSize)},
-          {"lAlig", std::to_string(s.helpAlignment)}}},
+          {"lSize", std::to_string(o.helpFontSize)},
+          {"lAlig", std::to_string(o.helpAlignment)}}},
         {"[INTERFACE]",
-         {{"ToolTip", bit(s.toolTips)},
-          {"Animation", bit(s.animation)},
-          {"FlagOverwrite", bit(s.flagOverwrite)},
-          {"ShowMessages", bit(s.showMessages)},
-          {"edtTxtFontName", fileText(s.fontName)},
-          {"edtTxtFontSize", shortest(s.fontSize)},
-          {"edtTxtBold", bit(s.bold)},
-          {"edtTxtItalic", bit(s.italic)},
-          {"edtTxtFon", std::to_string(s.backColour)},
-          {"RemebPath", bit(s.rememberPath)},
-          {"AutoLoad", bit(s.autoLoad)}}},
+         {{"ToolTip", bit(o.toolTips)},
+          {"Animation", bit(o.animationOff)},
+          {"FlagOverwrite", bit(o.flagOverwrite)},
+          {"ShowMessages", bit(o.paneFollowsPhrase)},
+          {"edtTxtFontName", fileText(o.phraseFont.family)},
+          {"edtTxtFontSize", shortest(o.phraseFont.pointSize)},
+          {"edtTxtBold", bit(o.phraseFont.bold)},
+          {"edtTxtItalic", bit(o.phraseFont.italic)},
+          {"edtTxtFon", std::to_string(colourRefOf(o.phraseBackColour))},
+          {"RemebPath", bit(o.rememberPath)},
+          {"AutoLoad", bit(o.autoLoad)}}},
         {"[HISTORY]", {{"Path", fileText(s.scriptPath)}, {"sPath", fileText(s.speechPath)}}},
     };
     std::string out = "; PARLEX: CONFIGURATION FILE";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/error.h"
+#include "settings/options.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -10,25 +11,13 @@
 
 namespace parlex {
 
-// What the program remembers between runs. Geometry is in twips (15 to a pixel);
-// colours are the platform's colour value (0x00BBGGRR). Paths are UTF-8.
+// What the program remembers between runs: the window's place, the options and the
+// last paths. Geometry is in twips (15 to a pixel); paths are UTF-8.
 struct Settings {
     double top = 0, left = 0, width = 0, height = 0; // the window, outer
     double splitterTop = 0;  // top of the bar between the help text and the panes
     double splitterLeft = 0; // left of the bar between the list and the speech pane
-    double helpFontSize = 8; // the help text under the grid: 8-14 points
-    int helpAlignment = 0;   // 0 left, 1 right, 2 centre
-    bool toolTips = false;
-    bool animation = false; // set: windows close at once, without shrinking away
-    bool flagOverwrite = true;
-    bool showMessages = true;
-    std::string fontName = "MS Sans Serif"; // of the phrase text
-    double fontSize = 9.75;                 // 4-18 points
-    bool bold = false, italic = false;
-    std::int32_t backColour = 0x00FFFFFF; // of the phrase text
-    bool rememberPath = false;            // always the opposite of findEdtName
-    bool findEdtName = true;
-    bool autoLoad = false;
+    Options options;
     std::string scriptPath; // the last script, kept only while it is still there
     std::string speechPath; // the last speech file, likewise
     bool operator==(const Settings&) const = default;

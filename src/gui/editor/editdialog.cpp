@@ -433,7 +433,7 @@ void EditDialog::done(int result) {
     clipboard_.clearIfOurs();
     maxWord_->setToolTip({});
     maxByte_->setToolTip({});
-    if (main_.session().options().animation || !isVisible()) {
+    if (main_.session().options().animationOff || !isVisible()) {
         QDialog::done(result);
         return;
     }

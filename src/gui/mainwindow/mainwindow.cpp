@@ -157,7 +157,7 @@ void MainWindow::wireSession() {
         session_.cursor().press(index, button == Qt::RightButton);
     });
     connect(help_, &HelpPanel::styleChanged, this, [this](int size, int alignment) {
-        session_.updateOptions([&](session::Options& o) {
+        session_.updateOptions([&](Options& o) {
             o.helpFontSize = size;
             o.helpAlignment = alignment;
         });

@@ -110,8 +110,8 @@ std::optional<unsigned> DialogPrompts::chooseColour(unsigned colour) {
     return static_cast<unsigned>(chosen.rgb()) & 0xFFFFFFu;
 }
 
-std::optional<session::TextFont> DialogPrompts::chooseFont(const session::TextFont& font,
-                                                           double minSize, double maxSize) {
+std::optional<TextFont> DialogPrompts::chooseFont(const TextFont& font, double minSize,
+                                                  double maxSize) {
     FontChooser dialog(font, minSize, maxSize, parent_);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;

@@ -19,8 +19,8 @@ public:
     void about(const QString& title, const QString& text) override;
     void beep() override;
     std::optional<unsigned> chooseColour(unsigned colour) override;
-    std::optional<session::TextFont> chooseFont(const session::TextFont& font, double minSize,
-                                                double maxSize) override;
+    std::optional<TextFont> chooseFont(const TextFont& font, double minSize,
+                                       double maxSize) override;
 
     // The filter strings a Qt file dialog is given for `filters`: the user's text
     // followed by the pattern in brackets, which the dialog hides, so that the list

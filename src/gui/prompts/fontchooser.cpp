@@ -10,8 +10,7 @@
 
 namespace parlex::gui {
 
-FontChooser::FontChooser(const session::TextFont& font, double minSize, double maxSize,
-                         QWidget* parent)
+FontChooser::FontChooser(const TextFont& font, double minSize, double maxSize, QWidget* parent)
     : QDialog(parent) {
     setWindowTitle("Шрифт");
     family_ = new QFontComboBox(this);
@@ -52,7 +51,7 @@ FontChooser::FontChooser(const session::TextFont& font, double minSize, double m
     showSample();
 }
 
-session::TextFont FontChooser::font() const {
+TextFont FontChooser::font() const {
     return {family_->currentFont().family().toStdString(), size_->value(), bold_->isChecked(),
             italic_->isChecked()};
 }

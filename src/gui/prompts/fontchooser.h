@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/options.h"
+#include "settings/options.h"
 
 #include <QDialog>
 
@@ -16,9 +16,8 @@ namespace parlex::gui {
 class FontChooser : public QDialog {
     Q_OBJECT
 public:
-    FontChooser(const session::TextFont& font, double minSize, double maxSize,
-                QWidget* parent = nullptr);
-    session::TextFont font() const;
+    FontChooser(const TextFont& font, double minSize, double maxSize, QWidget* parent = nullptr);
+    TextFont font() const;
 
 private:
     void showSample();

@@ -170,7 +170,7 @@ void OptionsDialog::done(int result) {
         return;
     closing_ = true;
     model_.close();
-    if (session_.options().animation || !isVisible()) {
+    if (session_.options().animationOff || !isVisible()) {
         QDialog::done(result);
         return;
     }

@@ -1,8 +1,8 @@
 #include "speech/speechpane.h"
 
 #include "mainwindow/statuspanels.h"
-#include "session/options.h"
 #include "session/speechdocument.h"
+#include "settings/options.h"
 #include "speech/filepropwindow.h"
 
 #include <QAction>
@@ -116,12 +116,12 @@ QAction* SpeechPane::button(const QString& key) const {
 }
 
 void SpeechPane::showProperties() {
-    FilePropWindow window(speech_, !speech_.options().animation, this->window());
+    FilePropWindow window(speech_, !speech_.options().animationOff, this->window());
     window.exec();
 }
 
 void SpeechPane::applyStyle() {
-    const session::Options& o = speech_.options();
+    const Options& o = speech_.options();
     QPalette p = text_->palette();
     p.setColor(QPalette::Base, QColor::fromRgb(o.phraseBackColour));
     text_->setPalette(p);
