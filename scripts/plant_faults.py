@@ -129,9 +129,8 @@ FAULTS = [
      "splitter->setSizes({first + 10, total - first - 10});"),
     ("entry-range-colour", "gui", "an out-of-range entry is not shown red",
      "const QColor kOutOfRange{255, 0, 0};", "const QColor kOutOfRange{0, 0, 0};"),
-    ("enter-types", "gui", "the main Enter key types a line break into a phrase",
-     "if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)",
-     "if (key.key() == Qt::Key_Enter)"),
+    ("pad-plus-types", "gui", "the pad's plus types into the phrase",
+     "Qt::Key_Asterisk, Qt::Key_Plus,  Qt::Key_Minus,", "Qt::Key_Asterisk, Qt::Key_Minus,"),
     # ---------------------------------------------------------------- cli
     ("usage-exit", "cli", "a usage error exits 1 instead of 2",
      "inline constexpr int kUsage = 2;", "inline constexpr int kUsage = 1;"),

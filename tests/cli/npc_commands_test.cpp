@@ -109,6 +109,7 @@ TEST(CliConvert, RewritesIntoTheOtherLayoutAlsoOntoItself) {
     testutil::writeBytes(src, ub);
     auto run = cli({"convert", src.string(), (dir / "b.npc").string()});
     ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, src.string() + " (ub) -> " + (dir / "b.npc").string() + " (ja)\n");
     EXPECT_NE(run.err.find("Запись 50 не пуста"), std::string::npos) << run.err;
     auto b = testutil::readBytes(dir / "b.npc");
     EXPECT_EQ(parlex::npcformat::detectType(b), parlex::NpcFileType::Ja);

@@ -53,6 +53,17 @@ TEST(PhraseCodec, EveryCharacterOfTheCodePageRoundTrips) {
         EXPECT_EQ(phrasecodec::decode(phrasecodec::encode(phrase, 480)), phrase);
 }
 
+// Stored phrases have 0 or 1 in every second byte; anything else is no speech file.
+TEST(PhraseCodec, OnlyZeroOrOneInOddBytesCouldBePhrases) {
+    const std::pair<std::vector<std::uint8_t>, bool> cases[] = {
+        {{0xE1, 0x00, 0x00, 0x01}, true},
+        {{0xE1, 0x02}, false},
+        {{0xE1, 0x00, 0x00, 0xFF}, false},
+    };
+    for (const auto& [bytes, phrases] : cases)
+        EXPECT_EQ(phrasecodec::couldBePhrases(bytes), phrases) << ::testing::PrintToString(bytes);
+}
+
 TEST(PhraseCodec, FullLimitFillsTheRecordAndLongerIsCut) {
     const std::string full(240, '\xE0');
     const auto record = phrasecodec::encode(full, 480);

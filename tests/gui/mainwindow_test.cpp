@@ -144,6 +144,7 @@ void MainWindowTest::hoverPaintsTheField() {
     QFETCH(QString, position);
     QFETCH(QList<int>, marked);
     QFETCH(QString, helpStart);
+    QCOMPARE(ByteGrid::kHover, QColor(192, 255, 192)); // light green
     QVERIFY(open(write("h.npc", testutil::script({1}))));
     hoverOn(index);
     QCOMPARE(panel("SBarInf", 1), position);
@@ -303,6 +304,7 @@ void MainWindowTest::letterKeysWorkWithARussianLayout() {
         QKeyEvent event(QEvent::KeyPress, key, Qt::AltModifier, scanCode, 0, 0, text);
         QApplication::sendEvent(child("List"), &event);
     };
+    QVERIFY(!act("nPaste")->isEnabled()); // nothing copied yet
     press(Qt::Key(0x421), 54, "с");
     QVERIFY(act("nPaste")->isEnabled());
     child<QSlider>("Slider")->setValue(7);

@@ -115,7 +115,7 @@ TEST_F(SessionTest, PositionStepsAndSearches) {
         void (RecordCursor::*move)();
         int to;
     } steps[] = {
-        {1, &RecordCursor::nextRecord, 2},     {50, &RecordCursor::nextRecord, 50},
+        {49, &RecordCursor::nextRecord, 50},   {50, &RecordCursor::nextRecord, 50},
         {1, &RecordCursor::previousRecord, 1}, {30, &RecordCursor::previousRecord, 29},
         {30, &RecordCursor::firstRecord, 7},   {1, &RecordCursor::lastRecord, 12},
     };
