@@ -1,7 +1,7 @@
 // lookupCode as the window calls it on every mouse move: built-in table against a
 // 500-line override file in the same folder.
-#include "codelists/codelists.h"
-#include "text/cp1251.h"
+#include "core/codelists/codelists.h"
+#include "core/text/cp1251.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>

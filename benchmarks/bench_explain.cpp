@@ -1,9 +1,9 @@
 // Explaining all 21 fields of the records of the example with the built-in lists.
 // Items are fields: the time per field is the reported time divided by the items.
-#include "codelists/codelists.h"
-#include "explain/explainer.h"
-#include "explain/fieldlayout.h"
-#include "npc/npcfile.h"
+#include "core/codelists/codelists.h"
+#include "core/explain/explainer.h"
+#include "core/explain/fieldlayout.h"
+#include "core/npc/npcfile.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>

@@ -1,13 +1,13 @@
 // The per-script work of the whole-mod commands: lint of the example with a speech
 // file beside it, and a search by list code, against reading the script alone; lint
 // of a mod of varied scripts against reading its files.
-#include "codelists/codelists.h"
+#include "core/codelists/codelists.h"
+#include "core/mod/lint.h"
+#include "core/mod/scripts.h"
+#include "core/mod/search.h"
+#include "core/npc/npcfile.h"
+#include "core/speech/edtfile.h"
 #include "corpus.h"
-#include "mod/lint.h"
-#include "mod/scripts.h"
-#include "mod/search.h"
-#include "npc/npcfile.h"
-#include "speech/edtfile.h"
 
 #include <benchmark/benchmark.h>
 

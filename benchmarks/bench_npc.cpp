@@ -1,6 +1,6 @@
 // Load, save-to-memory and layout conversion of one script.
-#include "npc/npcfile.h"
-#include "npc/npcformat.h"
+#include "core/npc/npcfile.h"
+#include "core/npc/npcformat.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,5 @@
 // Decoding and encoding a full file of NPC dialogues (143 phrases of 240 characters).
-#include "speech/edtfile.h"
+#include "core/speech/edtfile.h"
 
 #include <benchmark/benchmark.h>
 

@@ -4,10 +4,10 @@
 // empty or filled, each field of a filled record left neutral or drawn: mostly a
 // value real scripts hold (a code the lists name), sometimes any value the field can
 // hold. The same seed gives the same scripts.
-#include "codelists/codelists.h"
-#include "explain/fieldlayout.h"
-#include "npc/npcfile.h"
-#include "speech/edtfile.h"
+#include "core/codelists/codelists.h"
+#include "core/explain/fieldlayout.h"
+#include "core/npc/npcfile.h"
+#include "core/speech/edtfile.h"
 
 #include <filesystem>
 #include <fstream>

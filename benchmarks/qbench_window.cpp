@@ -8,9 +8,9 @@
 //   type:   a letter typed and deleted in the phrase text of a full file of NPC
 //           dialogues, until repainted, against the same keys in a plain text box.
 // Run: QT_QPA_PLATFORM=offscreen build/benchmarks/qbench_window -median 15
-#include "mainwindow/mainwindow.h"
-#include "prompts/dialogprompts.h"
-#include "speech/edtfile.h"
+#include "core/speech/edtfile.h"
+#include "gui/mainwindow/mainwindow.h"
+#include "gui/prompts/dialogprompts.h"
 
 #include <QAction>
 #include <QApplication>

@@ -4,9 +4,9 @@
 // keystroke costs: the pane's text copied and converted to the file's encoding once.
 // Run: build/benchmarks/session_keystroke --benchmark_repetitions=9
 //      --benchmark_report_aggregates_only=true
+#include "core/settings/options.h"
+#include "core/text/cp1251.h"
 #include "session/speechdocument.h"
-#include "settings/options.h"
-#include "text/cp1251.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>

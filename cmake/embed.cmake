@@ -16,7 +16,7 @@ foreach(input IN LISTS INPUTS)
 endforeach()
 file(WRITE "${OUTPUT}.tmp"
 "// Generated from the data files compiled into the program; do not edit.\n"
-"#include \"codelists/embedded.h\"\n#include <array>\n#include <utility>\n\n"
+"#include \"core/codelists/embedded.h\"\n#include <array>\n#include <utility>\n\n"
 "namespace parlex::embedded {\nnamespace {\n${body}\n}\n\n"
 "std::string_view file(std::string_view name) {\n"
 "    static const std::pair<std::string_view, std::string_view> files[] = {\n${index}    };\n"

@@ -1,10 +1,10 @@
 // Writes examples/053.npc, a hand-made "ub" script whose records touch most fields,
 // and beside it 053.EDT, the NPC dialogues with the phrases its records speak.
 // Usage: make-example OUT.npc
-#include "explain/fieldlayout.h"
-#include "npc/npcfile.h"
-#include "speech/companion.h"
-#include "speech/edtfile.h"
+#include "core/explain/fieldlayout.h"
+#include "core/npc/npcfile.h"
+#include "core/speech/companion.h"
+#include "core/speech/edtfile.h"
 
 #include <iostream>
 

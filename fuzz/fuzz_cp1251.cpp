@@ -2,7 +2,7 @@
 // that encodes comes back from Windows-1251 unchanged; a text file read in either
 // code page never grows and leaves ASCII as it is.
 #include "check.h"
-#include "text/cp1251.h"
+#include "core/text/cp1251.h"
 
 #include <algorithm>
 #include <cstdint>

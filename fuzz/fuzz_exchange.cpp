@@ -1,8 +1,8 @@
 // JSON and PO files a translator hands back: read without fault, and whatever they
 // bring in is either refused whole or set as read.
 #include "check.h"
-#include "speech/edtfile.h"
-#include "speech/exchange.h"
+#include "core/speech/edtfile.h"
+#include "core/speech/exchange.h"
 
 #include <cstdint>
 #include <string_view>

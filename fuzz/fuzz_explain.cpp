@@ -3,10 +3,10 @@
 // that Windows-1251 holds but for the names a list may bring), the same each time,
 // and judging it alone agrees with the sentence.
 #include "check.h"
-#include "codelists/codelists.h"
-#include "explain/explainer.h"
-#include "explain/fieldlayout.h"
-#include "text/cp1251.h"
+#include "core/codelists/codelists.h"
+#include "core/explain/explainer.h"
+#include "core/explain/fieldlayout.h"
+#include "core/text/cp1251.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -2,10 +2,10 @@
 // lines the lookup, the list's rows and the character-name rule agree with what the
 // file says: the first text of each code, every line in order.
 #include "check.h"
-#include "codelists/codelist.h"
-#include "codelists/codelists.h"
-#include "text/cp1251.h"
-#include "text/lines.h"
+#include "core/codelists/codelist.h"
+#include "core/codelists/codelists.h"
+#include "core/text/cp1251.h"
+#include "core/text/lines.h"
 
 #include <cstdint>
 #include <cstdio>

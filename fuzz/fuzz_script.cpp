@@ -2,8 +2,8 @@
 // for its tail, which is not part of the document), and converting into the other
 // layout and back keeps every record that both layouts hold.
 #include "check.h"
-#include "npc/npcfile.h"
-#include "npc/npcformat.h"
+#include "core/npc/npcfile.h"
+#include "core/npc/npcformat.h"
 
 #include <algorithm>
 #include <cstdint>

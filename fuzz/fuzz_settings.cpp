@@ -1,7 +1,7 @@
 // The settings file: any text applies without fault, and the settings it gives write
 // out as text that applies to the very same settings (a fixed point after one round).
 #include "check.h"
-#include "settings/settingsfile.h"
+#include "core/settings/settingsfile.h"
 
 #include <cstdint>
 #include <string_view>

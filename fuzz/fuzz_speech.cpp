@@ -3,9 +3,9 @@
 // point after one round); the decompiler, and export to JSON and PO and import back,
 // agree with the phrases.
 #include "check.h"
-#include "speech/decompiler.h"
-#include "speech/edtfile.h"
-#include "speech/exchange.h"
+#include "core/speech/decompiler.h"
+#include "core/speech/edtfile.h"
+#include "core/speech/exchange.h"
 
 #include <cstdint>
 #include <span>

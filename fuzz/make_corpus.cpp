@@ -1,14 +1,14 @@
 // Writes the seed corpus of every fuzz target from the program's own files and the
 // bundled example, never from game files.
 // Usage: make_corpus EXAMPLE.npc OUT_DIR   (writes OUT_DIR/<target>/<name>)
-#include "codelists/listwriter.h"
-#include "explain/fieldlayout.h"
-#include "npc/npcfile.h"
-#include "npc/npcformat.h"
-#include "settings/settingsfile.h"
-#include "speech/edtfile.h"
-#include "speech/exchange.h"
-#include "text/cp1251.h"
+#include "core/codelists/listwriter.h"
+#include "core/explain/fieldlayout.h"
+#include "core/npc/npcfile.h"
+#include "core/npc/npcformat.h"
+#include "core/settings/settingsfile.h"
+#include "core/speech/edtfile.h"
+#include "core/speech/exchange.h"
+#include "core/text/cp1251.h"
 
 #include <fstream>
 #include <iostream>

@@ -2,7 +2,7 @@
 
 // A registry kept in memory, with keys compared without regard to case as Windows
 // does, and a switch that makes every write fail as without the right to write.
-#include "association/registryassociation.h"
+#include "core/association/registryassociation.h"
 
 #include <algorithm>
 #include <map>

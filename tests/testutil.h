@@ -1,7 +1,7 @@
 #pragma once
 
 // Small helpers shared by the tests: a temporary folder and whole-file I/O.
-#include "explain/fieldlayout.h"
+#include "core/explain/fieldlayout.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,6 +1,6 @@
 #include "cli/args.h"
 
-#include "platform/files.h"
+#include "core/platform/files.h"
 
 #include <algorithm>
 #include <charconv>

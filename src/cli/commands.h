@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/args.h"
-#include "common/error.h"
+#include "core/common/error.h"
 
 #include <filesystem>
 #include <functional>

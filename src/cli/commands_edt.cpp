@@ -1,12 +1,12 @@
 // Commands on speech files: edt show, info, set, new, decompile, export, import.
 #include "cli/commands.h"
 #include "cli/json.h"
-#include "platform/files.h"
-#include "speech/decompiler.h"
-#include "speech/edtfile.h"
-#include "speech/edtsummary.h"
-#include "speech/exchange.h"
-#include "text/numbers.h"
+#include "core/platform/files.h"
+#include "core/speech/decompiler.h"
+#include "core/speech/edtfile.h"
+#include "core/speech/edtsummary.h"
+#include "core/speech/exchange.h"
+#include "core/text/numbers.h"
 
 #include <ostream>
 

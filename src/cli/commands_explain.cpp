@@ -1,13 +1,13 @@
 // parlex-cli explain: a script read in words, record by record, field by field.
 #include "cli/commands.h"
 #include "cli/json.h"
-#include "codelists/codelists.h"
-#include "explain/explainer.h"
-#include "explain/fieldlayout.h"
-#include "npc/npcfile.h"
-#include "platform/files.h"
-#include "text/hex.h"
-#include "text/numbers.h"
+#include "core/codelists/codelists.h"
+#include "core/explain/explainer.h"
+#include "core/explain/fieldlayout.h"
+#include "core/npc/npcfile.h"
+#include "core/platform/files.h"
+#include "core/text/hex.h"
+#include "core/text/numbers.h"
 
 #include <ostream>
 

@@ -1,9 +1,9 @@
 // Commands on the code lists: lookup, lists show, lists extract.
 #include "cli/commands.h"
-#include "codelists/codelists.h"
-#include "codelists/listwriter.h"
-#include "platform/files.h"
-#include "settings/locations.h"
+#include "core/codelists/codelists.h"
+#include "core/codelists/listwriter.h"
+#include "core/platform/files.h"
+#include "core/settings/locations.h"
 
 #include <ctime>
 #include <ostream>

@@ -1,14 +1,14 @@
 // Commands over a whole mod: lint, find, diff.
 #include "cli/commands.h"
 #include "cli/json.h"
-#include "codelists/codelist.h"
-#include "codelists/codelists.h"
-#include "mod/lint.h"
-#include "mod/scriptdiff.h"
-#include "mod/scripts.h"
-#include "mod/search.h"
-#include "platform/files.h"
-#include "text/lines.h"
+#include "core/codelists/codelist.h"
+#include "core/codelists/codelists.h"
+#include "core/mod/lint.h"
+#include "core/mod/scriptdiff.h"
+#include "core/mod/scripts.h"
+#include "core/mod/search.h"
+#include "core/platform/files.h"
+#include "core/text/lines.h"
 
 #include <algorithm>
 #include <ostream>

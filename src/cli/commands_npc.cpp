@@ -1,13 +1,13 @@
 // Commands on script files: info, dump, set, convert.
 #include "cli/commands.h"
 #include "cli/json.h"
-#include "explain/fieldlayout.h"
-#include "mod/batchconvert.h"
-#include "mod/scripts.h"
-#include "npc/npcfile.h"
-#include "platform/files.h"
-#include "text/hex.h"
-#include "text/numbers.h"
+#include "core/explain/fieldlayout.h"
+#include "core/mod/batchconvert.h"
+#include "core/mod/scripts.h"
+#include "core/npc/npcfile.h"
+#include "core/platform/files.h"
+#include "core/text/hex.h"
+#include "core/text/numbers.h"
 
 #include <ostream>
 

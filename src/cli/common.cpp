@@ -1,11 +1,11 @@
 #include "cli/commands.h"
 #include "cli/json.h"
-#include "codelists/codelists.h"
-#include "mod/scripts.h"
-#include "npc/npcformat.h"
-#include "platform/files.h"
-#include "settings/locations.h"
-#include "speech/edtfile.h"
+#include "core/codelists/codelists.h"
+#include "core/mod/scripts.h"
+#include "core/npc/npcformat.h"
+#include "core/platform/files.h"
+#include "core/settings/locations.h"
+#include "core/speech/edtfile.h"
 
 #include <algorithm>
 #include <ostream>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "text/json.h"
+#include "core/text/json.h"
 
 namespace parlex::cli {
 

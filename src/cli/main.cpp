@@ -1,7 +1,7 @@
 // parlex-cli: the rules of Parlex for scripts and batch work.
 #include "cli/commands.h"
+#include "core/platform/process.h"
 #include "parlex_version.h"
-#include "platform/process.h"
 
 #include <filesystem>
 #include <iostream>

@@ -1,12 +1,12 @@
 // parlex: the desktop editor of .npc scripts.
-#include "app/translations.h"
-#include "association/systemassociation.h"
-#include "mainwindow/mainwindow.h"
-#include "platform/files.h"
-#include "prompts/dialogprompts.h"
+#include "core/association/systemassociation.h"
+#include "core/platform/files.h"
+#include "core/settings/locations.h"
+#include "gui/app/translations.h"
+#include "gui/mainwindow/mainwindow.h"
+#include "gui/prompts/dialogprompts.h"
+#include "gui/settings/windowsettings.h"
 #include "session/pathtext.h"
-#include "settings/locations.h"
-#include "settings/windowsettings.h"
 
 #include <QApplication>
 #include <QFileInfo>

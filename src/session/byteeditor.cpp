@@ -1,9 +1,9 @@
 #include "session/byteeditor.h"
 
-#include "entry/numberentry.h"
+#include "core/entry/numberentry.h"
+#include "core/text/hex.h"
+#include "core/text/numbers.h"
 #include "session/session.h"
-#include "text/hex.h"
-#include "text/numbers.h"
 
 namespace parlex::session {
 namespace {

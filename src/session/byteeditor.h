@@ -1,7 +1,7 @@
 #pragma once
 
-#include "explain/fieldlayout.h"
-#include "npc/npcrecord.h"
+#include "core/explain/fieldlayout.h"
+#include "core/npc/npcrecord.h"
 
 #include <cstdint>
 #include <optional>

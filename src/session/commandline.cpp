@@ -1,6 +1,6 @@
 #include "session/commandline.h"
 
-#include "npc/npcformat.h"
+#include "core/npc/npcformat.h"
 #include "session/pathtext.h"
 #include "session/userprompts.h"
 

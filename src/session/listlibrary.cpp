@@ -1,8 +1,8 @@
 #include "session/listlibrary.h"
 
-#include "codelists/listwriter.h"
+#include "core/codelists/listwriter.h"
+#include "core/settings/locations.h"
 #include "session/userprompts.h"
-#include "settings/locations.h"
 
 namespace parlex::session {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "codelists/codelists.h"
+#include "core/codelists/codelists.h"
 
 #include <filesystem>
 #include <string>

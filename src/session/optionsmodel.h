@@ -1,7 +1,7 @@
 #pragma once
 
-#include "association/fileassociation.h"
-#include "codelists/listkey.h"
+#include "core/association/fileassociation.h"
+#include "core/codelists/listkey.h"
 
 #include <QString>
 #include <array>

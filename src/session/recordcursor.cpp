@@ -1,11 +1,11 @@
 #include "session/recordcursor.h"
 
-#include "explain/fieldlayout.h"
+#include "core/explain/fieldlayout.h"
+#include "core/settings/options.h"
+#include "core/text/numbers.h"
 #include "session/scriptdocument.h"
 #include "session/speechdocument.h"
 #include "session/userprompts.h"
-#include "settings/options.h"
-#include "text/numbers.h"
 
 #include <algorithm>
 

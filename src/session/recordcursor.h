@@ -1,6 +1,6 @@
 #pragma once
 
-#include "explain/explainer.h"
+#include "core/explain/explainer.h"
 
 #include <QObject>
 #include <QString>

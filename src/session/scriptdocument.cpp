@@ -1,6 +1,6 @@
 #include "session/scriptdocument.h"
 
-#include "explain/fieldlayout.h"
+#include "core/explain/fieldlayout.h"
 
 namespace parlex::session {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "npc/edithistory.h"
-#include "npc/npcfile.h"
+#include "core/npc/edithistory.h"
+#include "core/npc/npcfile.h"
 
 #include <QObject>
 #include <optional>

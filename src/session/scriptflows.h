@@ -1,6 +1,6 @@
 #pragma once
 
-#include "npc/npcfile.h"
+#include "core/npc/npcfile.h"
 #include "session/userprompts.h"
 
 #include <QString>

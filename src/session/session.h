@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/settings/options.h"
+#include "core/settings/settingsfile.h"
 #include "session/diskwatch.h"
 #include "session/listlibrary.h"
 #include "session/recordcursor.h"
@@ -7,8 +9,6 @@
 #include "session/scriptflows.h"
 #include "session/speechdocument.h"
 #include "session/userprompts.h"
-#include "settings/options.h"
-#include "settings/settingsfile.h"
 
 #include <QObject>
 #include <QStringList>

@@ -1,12 +1,12 @@
 #include "session/speechdocument.h"
 
-#include "platform/files.h"
+#include "core/platform/files.h"
+#include "core/settings/options.h"
+#include "core/speech/companion.h"
+#include "core/speech/decompiler.h"
+#include "core/text/numbers.h"
 #include "session/pathtext.h"
 #include "session/saveflow.h"
-#include "settings/options.h"
-#include "speech/companion.h"
-#include "speech/decompiler.h"
-#include "text/numbers.h"
 
 #include <QRegularExpression>
 

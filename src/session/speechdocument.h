@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/settings/options.h"
+#include "core/speech/edtfile.h"
 #include "session/userprompts.h"
-#include "settings/options.h"
-#include "speech/edtfile.h"
 
 #include <QObject>
 #include <filesystem>

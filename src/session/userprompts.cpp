@@ -1,6 +1,6 @@
 #include "session/userprompts.h"
 
-#include "platform/files.h"
+#include "core/platform/files.h"
 #include "session/pathtext.h"
 
 namespace parlex::session {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 #ifdef _WIN32
-#include "platform/files.h"
-#include "platform/process.h"
+#include "core/platform/files.h"
+#include "core/platform/process.h"
 #include <windows.h>
 #else
 #include <sys/wait.h>

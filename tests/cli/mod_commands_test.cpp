@@ -1,9 +1,9 @@
 // The whole-mod commands as a shell sees them: output lines, JSON and exit statuses.
 #include "clirun.h"
-#include "explain/fieldlayout.h"
-#include "npc/npcformat.h"
-#include "text/cp1251.h"
-#include "text/json.h"
+#include "core/explain/fieldlayout.h"
+#include "core/npc/npcformat.h"
+#include "core/text/cp1251.h"
+#include "core/text/json.h"
 
 #include <gtest/gtest.h>
 

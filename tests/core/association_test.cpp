@@ -1,11 +1,11 @@
-#include "association/freedesktop.h"
-#include "association/registryassociation.h"
+#include "core/association/freedesktop.h"
+#include "core/association/registryassociation.h"
 #ifdef _WIN32
-#include "association/win32registry.h"
+#include "core/association/win32registry.h"
 #endif
+#include "core/text/lines.h"
 #include "memoryregistry.h"
 #include "testutil.h"
-#include "text/lines.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "codelists/codelists.h"
-#include "codelists/listwriter.h"
-#include "codelists/resources.h"
-#include "explain/fieldlayout.h"
+#include "core/codelists/codelists.h"
+#include "core/codelists/listwriter.h"
+#include "core/codelists/resources.h"
+#include "core/explain/fieldlayout.h"
+#include "core/text/cp1251.h"
 #include "testutil.h"
-#include "text/cp1251.h"
 
 #include <gtest/gtest.h>
 #include <thread>

@@ -1,6 +1,6 @@
 // Speech files to JSON and gettext catalogues and back.
-#include "speech/edtfile.h"
-#include "speech/exchange.h"
+#include "core/speech/edtfile.h"
+#include "core/speech/exchange.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "codelists/codelists.h"
-#include "explain/explainer.h"
-#include "explain/fieldlayout.h"
+#include "core/codelists/codelists.h"
+#include "core/explain/explainer.h"
+#include "core/explain/fieldlayout.h"
+#include "core/text/cp1251.h"
 #include "testutil.h"
-#include "text/cp1251.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "explain/fieldlayout.h"
-#include "text/hex.h"
+#include "core/explain/fieldlayout.h"
+#include "core/text/hex.h"
 
 #include <gtest/gtest.h>
 

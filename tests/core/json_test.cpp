@@ -1,5 +1,5 @@
-#include "speech/exchange.h"
-#include "text/json.h"
+#include "core/speech/exchange.h"
+#include "core/text/json.h"
 
 #include <gtest/gtest.h>
 

@@ -1,14 +1,14 @@
 // Work on a whole mod: collecting scripts, lint, find, diff and batch conversion,
 // over small folders the tests make.
-#include "codelists/codelists.h"
-#include "explain/fieldlayout.h"
-#include "mod/batchconvert.h"
-#include "mod/lint.h"
-#include "mod/scriptdiff.h"
-#include "mod/scripts.h"
-#include "mod/search.h"
-#include "npc/npcformat.h"
-#include "speech/edtfile.h"
+#include "core/codelists/codelists.h"
+#include "core/explain/fieldlayout.h"
+#include "core/mod/batchconvert.h"
+#include "core/mod/lint.h"
+#include "core/mod/scriptdiff.h"
+#include "core/mod/scripts.h"
+#include "core/mod/search.h"
+#include "core/npc/npcformat.h"
+#include "core/speech/edtfile.h"
 #include "testutil.h"
 
 #include <gtest/gtest.h>

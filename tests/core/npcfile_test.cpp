@@ -1,6 +1,6 @@
-#include "explain/fieldlayout.h"
-#include "npc/edithistory.h"
-#include "npc/npcfile.h"
+#include "core/explain/fieldlayout.h"
+#include "core/npc/edithistory.h"
+#include "core/npc/npcfile.h"
 #include "testutil.h"
 
 #include <csignal>

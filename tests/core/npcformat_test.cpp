@@ -1,5 +1,5 @@
-#include "npc/npcfile.h"
-#include "npc/npcformat.h"
+#include "core/npc/npcfile.h"
+#include "core/npc/npcformat.h"
 #include "testutil.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // Typing a value for a field: keys, range, encoding and the rows of the chooser.
-#include "entry/numberentry.h"
+#include "core/entry/numberentry.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "text/pathfit.h"
+#include "core/text/pathfit.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // File names beyond ASCII, given and shown as UTF-8, on every platform.
-#include "npc/npcfile.h"
-#include "platform/files.h"
-#include "speech/companion.h"
+#include "core/npc/npcfile.h"
+#include "core/platform/files.h"
+#include "core/speech/companion.h"
 #include "testutil.h"
 
 #include <gtest/gtest.h>

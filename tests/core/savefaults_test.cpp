@@ -1,12 +1,12 @@
 // Saves when the file system fails or surprises: each case either replaces the file
 // whole or leaves everything as it was, with no stray file and a message that names
 // the file.
-#include "codelists/listwriter.h"
-#include "npc/npcfile.h"
-#include "platform/files.h"
-#include "settings/settingsfile.h"
-#include "speech/decompiler.h"
-#include "speech/edtfile.h"
+#include "core/codelists/listwriter.h"
+#include "core/npc/npcfile.h"
+#include "core/platform/files.h"
+#include "core/settings/settingsfile.h"
+#include "core/speech/decompiler.h"
+#include "core/speech/edtfile.h"
 #include "testutil.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // The settings file: what each line does to the settings, the limits the reader
 // holds them to, and the file the writer makes.
-#include "settings/settingsfile.h"
+#include "core/settings/settingsfile.h"
 #include "testutil.h"
 
 #include <functional>

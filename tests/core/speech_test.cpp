@@ -1,10 +1,10 @@
-#include "speech/companion.h"
-#include "speech/decompiler.h"
-#include "speech/edtfile.h"
-#include "speech/edtsummary.h"
-#include "speech/phrasecodec.h"
+#include "core/speech/companion.h"
+#include "core/speech/decompiler.h"
+#include "core/speech/edtfile.h"
+#include "core/speech/edtsummary.h"
+#include "core/speech/phrasecodec.h"
+#include "core/text/cp1251.h"
 #include "testutil.h"
-#include "text/cp1251.h"
 
 #include <gtest/gtest.h>
 

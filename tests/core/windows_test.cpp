@@ -1,7 +1,7 @@
 // What only Windows has: drive types, file attributes kept by a save. Under Wine
 // in the Windows build; on other systems these tests are not compiled.
 #ifdef _WIN32
-#include "platform/files.h"
+#include "core/platform/files.h"
 #include "testutil.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Qt's own dialogs as the user meets them: Russian texts and the filter lists.
-#include "app/translations.h"
-#include "prompts/dialogprompts.h"
-#include "prompts/fontchooser.h"
+#include "gui/app/translations.h"
+#include "gui/prompts/dialogprompts.h"
+#include "gui/prompts/fontchooser.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,8 +1,8 @@
 // The byte editor as a user meets it: opening, typing, keys, Replace and Apply seen
 // on the grid and in the document, the code lists, the clipboard and its place on
 // the screen. The rules behind it are tested in the session and the core.
-#include "app/placement.h"
-#include "editor/editdialog.h"
+#include "gui/app/placement.h"
+#include "gui/editor/editdialog.h"
 #include "windowtest.h"
 
 #include <QClipboard>

@@ -1,5 +1,5 @@
 // The key map as a function: which key does what, with and without a script.
-#include "mainwindow/keymap.h"
+#include "gui/mainwindow/keymap.h"
 
 #include <QTest>
 

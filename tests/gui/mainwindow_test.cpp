@@ -1,9 +1,9 @@
 // The main window as a user sees it: names, painting, keys, focus and layout. The
 // flows behind the menus are tested in the session.
-#include "explain/fieldlayout.h"
-#include "mainwindow/bytegrid.h"
-#include "mainwindow/helptext.h"
-#include "mainwindow/mainwindow.h"
+#include "core/explain/fieldlayout.h"
+#include "gui/mainwindow/bytegrid.h"
+#include "gui/mainwindow/helptext.h"
+#include "gui/mainwindow/mainwindow.h"
 #include "windowtest.h"
 
 #include <QAccessible>

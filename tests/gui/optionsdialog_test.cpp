@@ -1,8 +1,8 @@
 // The options dialog as the user works it, the program's pictures, and help.
-#include "association/registryassociation.h"
-#include "mainwindow/statuspanels.h"
+#include "core/association/registryassociation.h"
+#include "gui/mainwindow/statuspanels.h"
+#include "gui/settings/optionsdialog.h"
 #include "memoryregistry.h"
-#include "settings/optionsdialog.h"
 #include "windowtest.h"
 
 #include <QCheckBox>

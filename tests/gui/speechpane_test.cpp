@@ -1,10 +1,10 @@
 // The speech pane as a user meets it: typing into a phrase, its counters and colour,
 // the save button, the toolbar and the phrase keys, and byte 14 moving the pane. The
 // flows behind the buttons are tested in the session.
-#include "mainwindow/captionwarning.h"
-#include "speech/edtfile.h"
-#include "speech/filepropwindow.h"
-#include "speech/speechpane.h"
+#include "core/speech/edtfile.h"
+#include "gui/mainwindow/captionwarning.h"
+#include "gui/speech/filepropwindow.h"
+#include "gui/speech/speechpane.h"
 #include "windowtest.h"
 
 #include <QAccessible>

@@ -1,8 +1,8 @@
 // The window between runs: a first start centred, and a start after a run that
 // brings back the place, size, bars, the help text's look and the phrase text's.
-#include "mainwindow/helppanel.h"
-#include "settings/settingsfile.h"
-#include "settings/windowsettings.h"
+#include "core/settings/settingsfile.h"
+#include "gui/mainwindow/helppanel.h"
+#include "gui/settings/windowsettings.h"
 #include "windowtest.h"
 
 #include <QLayout>

@@ -2,8 +2,8 @@
 
 // A main window over a temporary folder, answered by a script, with the ways the
 // GUI tests look at it and drive it.
-#include "mainwindow/bytegrid.h"
-#include "mainwindow/mainwindow.h"
+#include "gui/mainwindow/bytegrid.h"
+#include "gui/mainwindow/mainwindow.h"
 #include "scriptedprompts.h"
 #include "testutil.h"
 

@@ -1,7 +1,7 @@
 // Where settings and list files live: the core's rule, which the command-line tool
 // uses without Qt, lands where Qt's own standard paths put them for the window.
-#include "platform/files.h"
-#include "settings/locations.h"
+#include "core/platform/files.h"
+#include "core/settings/locations.h"
 #include "testutil.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 // The options dialog without its widgets: the boxes at opening, the clicks, the
 // tabs, the list buttons and what closing stores.
-#include "association/registryassociation.h"
+#include "core/association/registryassociation.h"
 #include "memoryregistry.h"
 #include "session/optionsmodel.h"
 #include "sessiontest.h"

@@ -1,6 +1,6 @@
 // Opening, saving, converting and starting, without a window.
-#include "npc/npcformat.h"
-#include "platform/files.h"
+#include "core/npc/npcformat.h"
+#include "core/platform/files.h"
 #include "sessiontest.h"
 
 #include <QSignalSpy>

@@ -1,7 +1,7 @@
 #pragma once
 
 // A session over a temporary folder, answered by a script, and a few ways to look at it.
-#include "platform/files.h"
+#include "core/platform/files.h"
 #include "scriptedprompts.h"
 #include "session/session.h"
 #include "testutil.h"

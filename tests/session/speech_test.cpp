@@ -1,7 +1,7 @@
 // The speech file beside the script: its flows and the pane's state, without a window.
 #include "sessiontest.h"
 
-#include "speech/decompiler.h"
+#include "core/speech/decompiler.h"
 
 #include <QSignalSpy>
 

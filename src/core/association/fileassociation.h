@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/error.h"
+#include "core/common/error.h"
 
 // Tying the script extension to this program in the desktop, so that opening a
 // script from the file manager starts Parlex with it.

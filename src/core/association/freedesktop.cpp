@@ -1,9 +1,9 @@
-#include "association/freedesktop.h"
+#include "core/association/freedesktop.h"
 
-#include "codelists/embedded.h"
-#include "platform/files.h"
-#include "platform/process.h"
-#include "text/lines.h"
+#include "core/codelists/embedded.h"
+#include "core/platform/files.h"
+#include "core/platform/process.h"
+#include "core/text/lines.h"
 
 #include <algorithm>
 

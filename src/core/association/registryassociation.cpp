@@ -1,4 +1,4 @@
-#include "association/registryassociation.h"
+#include "core/association/registryassociation.h"
 
 #include <algorithm>
 #include <array>

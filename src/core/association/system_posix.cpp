@@ -1,7 +1,7 @@
-#include "association/systemassociation.h"
+#include "core/association/systemassociation.h"
 
-#include "association/freedesktop.h"
-#include "platform/files.h"
+#include "core/association/freedesktop.h"
+#include "core/platform/files.h"
 
 namespace parlex {
 

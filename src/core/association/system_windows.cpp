@@ -1,6 +1,6 @@
-#include "association/systemassociation.h"
+#include "core/association/systemassociation.h"
 
-#include "association/win32registry.h"
+#include "core/association/win32registry.h"
 
 #include <shlobj.h>
 

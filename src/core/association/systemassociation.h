@@ -1,6 +1,6 @@
 #pragma once
 
-#include "association/fileassociation.h"
+#include "core/association/fileassociation.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "association/registryassociation.h"
+#include "core/association/registryassociation.h"
 
 namespace parlex {
 

@@ -1,4 +1,4 @@
-#include "association/win32registry.h"
+#include "core/association/win32registry.h"
 
 #include <windows.h>
 

@@ -1,10 +1,10 @@
-#include "codelists/codelist.h"
+#include "core/codelists/codelist.h"
 
 #include <algorithm>
 
-#include "codelists/embedded.h"
-#include "codelists/resources.h"
-#include "text/lines.h"
+#include "core/codelists/embedded.h"
+#include "core/codelists/resources.h"
+#include "core/text/lines.h"
 
 #include <array>
 #include <charconv>

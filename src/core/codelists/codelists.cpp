@@ -1,10 +1,10 @@
-#include "codelists/codelists.h"
+#include "core/codelists/codelists.h"
 
-#include "explain/fieldlayout.h"
-#include "npc/npcrecord.h"
-#include "text/cp1251.h"
-#include "text/hex.h"
-#include "text/lines.h"
+#include "core/explain/fieldlayout.h"
+#include "core/npc/npcrecord.h"
+#include "core/text/cp1251.h"
+#include "core/text/hex.h"
+#include "core/text/lines.h"
 
 namespace parlex {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "codelists/codelist.h"
-#include "platform/files.h"
+#include "core/codelists/codelist.h"
+#include "core/platform/files.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,7 +1,7 @@
-#include "codelists/listwriter.h"
+#include "core/codelists/listwriter.h"
 
-#include "platform/files.h"
-#include "text/cp1251.h"
+#include "core/platform/files.h"
+#include "core/text/cp1251.h"
 
 #include <cstdio>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "codelists/codelist.h"
-#include "common/error.h"
+#include "core/codelists/codelist.h"
+#include "core/common/error.h"
 
 #include <ctime>
 #include <filesystem>

@@ -1,8 +1,8 @@
-#include "codelists/resources.h"
+#include "core/codelists/resources.h"
 
-#include "codelists/codelist.h"
-#include "codelists/embedded.h"
-#include "text/lines.h"
+#include "core/codelists/codelist.h"
+#include "core/codelists/embedded.h"
+#include "core/text/lines.h"
 
 #include <charconv>
 #include <map>

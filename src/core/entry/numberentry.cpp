@@ -1,8 +1,8 @@
-#include "entry/numberentry.h"
+#include "core/entry/numberentry.h"
 
-#include "text/hex.h"
-#include "text/lines.h"
-#include "text/numbers.h"
+#include "core/text/hex.h"
+#include "core/text/lines.h"
+#include "core/text/numbers.h"
 
 #include <algorithm>
 #include <cctype>

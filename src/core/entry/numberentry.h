@@ -1,6 +1,6 @@
 #pragma once
 
-#include "explain/fieldlayout.h"
+#include "core/explain/fieldlayout.h"
 
 #include <cstdint>
 #include <optional>

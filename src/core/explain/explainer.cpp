@@ -1,8 +1,8 @@
-#include "explain/explainer.h"
+#include "core/explain/explainer.h"
 
-#include "codelists/codelists.h"
-#include "explain/fieldlayout.h"
-#include "speech/edtkind.h"
+#include "core/codelists/codelists.h"
+#include "core/explain/fieldlayout.h"
+#include "core/speech/edtkind.h"
 
 #include <concepts>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "npc/npcfiletype.h"
-#include "npc/npcrecord.h"
+#include "core/npc/npcfiletype.h"
+#include "core/npc/npcrecord.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
-#include "explain/fieldlayout.h"
+#include "core/explain/fieldlayout.h"
 
-#include "text/hex.h"
-#include "text/numbers.h"
+#include "core/text/hex.h"
+#include "core/text/numbers.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "codelists/listkey.h"
-#include "common/error.h"
-#include "npc/npcrecord.h"
+#include "core/codelists/listkey.h"
+#include "core/common/error.h"
+#include "core/npc/npcrecord.h"
 
 #include <array>
 #include <cstdint>

@@ -1,7 +1,7 @@
-#include "mod/batchconvert.h"
+#include "core/mod/batchconvert.h"
 
-#include "npc/npcformat.h"
-#include "platform/files.h"
+#include "core/npc/npcformat.h"
+#include "core/platform/files.h"
 
 #include <set>
 

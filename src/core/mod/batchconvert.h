@@ -1,6 +1,6 @@
 #pragma once
 
-#include "npc/npcfiletype.h"
+#include "core/npc/npcfiletype.h"
 
 #include <filesystem>
 #include <optional>

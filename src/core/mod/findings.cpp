@@ -1,6 +1,6 @@
-#include "mod/findings.h"
-#include "platform/files.h"
-#include "text/lines.h"
+#include "core/mod/findings.h"
+#include "core/platform/files.h"
+#include "core/text/lines.h"
 
 #include <algorithm>
 #include <utility>

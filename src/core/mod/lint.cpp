@@ -1,13 +1,13 @@
-#include "mod/lint.h"
+#include "core/mod/lint.h"
 
-#include "codelists/codelists.h"
-#include "explain/explainer.h"
-#include "explain/fieldlayout.h"
-#include "mod/scripts.h"
-#include "npc/npcfile.h"
-#include "platform/files.h"
-#include "speech/companion.h"
-#include "speech/edtfile.h"
+#include "core/codelists/codelists.h"
+#include "core/explain/explainer.h"
+#include "core/explain/fieldlayout.h"
+#include "core/mod/scripts.h"
+#include "core/npc/npcfile.h"
+#include "core/platform/files.h"
+#include "core/speech/companion.h"
+#include "core/speech/edtfile.h"
 
 #include <algorithm>
 

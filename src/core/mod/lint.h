@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mod/findings.h"
+#include "core/mod/findings.h"
 
 #include <span>
 

@@ -1,9 +1,9 @@
-#include "mod/scriptdiff.h"
+#include "core/mod/scriptdiff.h"
 
-#include "codelists/codelists.h"
-#include "explain/explainer.h"
-#include "explain/fieldlayout.h"
-#include "npc/npcfile.h"
+#include "core/codelists/codelists.h"
+#include "core/explain/explainer.h"
+#include "core/explain/fieldlayout.h"
+#include "core/npc/npcfile.h"
 
 namespace parlex::mod {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "common/error.h"
+#include "core/common/error.h"
 
 namespace parlex {
 class CodeLists;

@@ -1,7 +1,7 @@
-#include "mod/scripts.h"
-#include "platform/files.h"
+#include "core/mod/scripts.h"
+#include "core/platform/files.h"
 
-#include "codelists/codelists.h"
+#include "core/codelists/codelists.h"
 
 #include <algorithm>
 #include <atomic>

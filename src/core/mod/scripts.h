@@ -1,7 +1,7 @@
 #pragma once
 
-#include "mod/findings.h"
-#include "npc/npcformat.h"
+#include "core/mod/findings.h"
+#include "core/npc/npcformat.h"
 
 #include <filesystem>
 #include <functional>

@@ -1,10 +1,10 @@
-#include "mod/search.h"
+#include "core/mod/search.h"
 
-#include "codelists/codelists.h"
-#include "explain/explainer.h"
-#include "explain/fieldlayout.h"
-#include "mod/scripts.h"
-#include "npc/npcfile.h"
+#include "core/codelists/codelists.h"
+#include "core/explain/explainer.h"
+#include "core/explain/fieldlayout.h"
+#include "core/mod/scripts.h"
+#include "core/npc/npcfile.h"
 
 #include <algorithm>
 

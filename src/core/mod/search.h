@@ -1,7 +1,7 @@
 #pragma once
 
-#include "codelists/listkey.h"
-#include "mod/findings.h"
+#include "core/codelists/listkey.h"
+#include "core/mod/findings.h"
 
 #include <cstdint>
 #include <span>

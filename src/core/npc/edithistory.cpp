@@ -1,4 +1,4 @@
-#include "npc/edithistory.h"
+#include "core/npc/edithistory.h"
 
 namespace parlex {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "npc/npcrecord.h"
+#include "core/npc/npcrecord.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,6 +1,6 @@
-#include "npc/npcfile.h"
+#include "core/npc/npcfile.h"
 
-#include "platform/files.h"
+#include "core/platform/files.h"
 
 #include <algorithm>
 

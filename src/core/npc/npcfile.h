@@ -1,10 +1,10 @@
 #pragma once
 
-#include "common/error.h"
-#include "npc/npcfiletype.h"
-#include "npc/npcformat.h"
-#include "npc/npcrecord.h"
-#include "platform/files.h"
+#include "core/common/error.h"
+#include "core/npc/npcfiletype.h"
+#include "core/npc/npcformat.h"
+#include "core/npc/npcrecord.h"
+#include "core/platform/files.h"
 
 #include <filesystem>
 #include <optional>

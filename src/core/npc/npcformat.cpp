@@ -1,6 +1,6 @@
-#include "npc/npcformat.h"
+#include "core/npc/npcformat.h"
 
-#include "platform/files.h"
+#include "core/platform/files.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "common/error.h"
-#include "npc/npcfiletype.h"
-#include "npc/npcrecord.h"
+#include "core/common/error.h"
+#include "core/npc/npcfiletype.h"
+#include "core/npc/npcrecord.h"
 
 #include <array>
 #include <cstdint>

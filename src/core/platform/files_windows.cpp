@@ -1,6 +1,6 @@
 // The Windows side of the platform: every name goes to the system as UTF-16
 // through std::filesystem::path and the W functions.
-#include "platform/files.h"
+#include "core/platform/files.h"
 
 #include <windows.h>
 

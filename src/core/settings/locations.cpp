@@ -1,6 +1,6 @@
-#include "settings/locations.h"
+#include "core/settings/locations.h"
 
-#include "platform/files.h"
+#include "core/platform/files.h"
 
 namespace parlex {
 namespace {

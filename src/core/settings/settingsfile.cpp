@@ -1,8 +1,8 @@
-#include "settings/settingsfile.h"
+#include "core/settings/settingsfile.h"
 
-#include "platform/files.h"
-#include "text/cp1251.h"
-#include "text/lines.h"
+#include "core/platform/files.h"
+#include "core/text/cp1251.h"
+#include "core/text/lines.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/error.h"
-#include "settings/options.h"
+#include "core/common/error.h"
+#include "core/settings/options.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,5 +1,5 @@
-#include "speech/companion.h"
-#include "platform/files.h"
+#include "core/speech/companion.h"
+#include "core/platform/files.h"
 
 #include <set>
 #include <string>

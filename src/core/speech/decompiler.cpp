@@ -1,10 +1,10 @@
-#include "speech/decompiler.h"
+#include "core/speech/decompiler.h"
 
-#include "codelists/resources.h"
-#include "platform/files.h"
-#include "speech/edtfile.h"
-#include "text/cp1251.h"
-#include "text/numbers.h"
+#include "core/codelists/resources.h"
+#include "core/platform/files.h"
+#include "core/speech/edtfile.h"
+#include "core/text/cp1251.h"
+#include "core/text/numbers.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/error.h"
+#include "core/common/error.h"
 
 #include <filesystem>
 #include <string>

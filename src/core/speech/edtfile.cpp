@@ -1,9 +1,9 @@
-#include "speech/edtfile.h"
+#include "core/speech/edtfile.h"
 
-#include "npc/npcformat.h"
-#include "platform/files.h"
-#include "speech/phrasecodec.h"
-#include "text/cp1251.h"
+#include "core/npc/npcformat.h"
+#include "core/platform/files.h"
+#include "core/speech/phrasecodec.h"
+#include "core/text/cp1251.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "common/error.h"
-#include "platform/files.h"
-#include "speech/edtkind.h"
+#include "core/common/error.h"
+#include "core/platform/files.h"
+#include "core/speech/edtkind.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "speech/edtkind.h"
+#include "core/speech/edtkind.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
-#include "speech/edtsummary.h"
+#include "core/speech/edtsummary.h"
 
-#include "platform/files.h"
-#include "speech/edtfile.h"
+#include "core/platform/files.h"
+#include "core/speech/edtfile.h"
 
 namespace parlex {
 

@@ -1,11 +1,11 @@
-#include "speech/exchange.h"
+#include "core/speech/exchange.h"
 
-#include "speech/decompiler.h"
-#include "speech/edtfile.h"
-#include "text/cp1251.h"
-#include "text/json.h"
-#include "text/lines.h"
-#include "text/numbers.h"
+#include "core/speech/decompiler.h"
+#include "core/speech/edtfile.h"
+#include "core/text/cp1251.h"
+#include "core/text/json.h"
+#include "core/text/lines.h"
+#include "core/text/numbers.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "speech/phrasecodec.h"
+#include "core/speech/phrasecodec.h"
 
 namespace parlex::phrasecodec {
 

@@ -1,4 +1,4 @@
-#include "text/hex.h"
+#include "core/text/hex.h"
 
 namespace parlex::text {
 

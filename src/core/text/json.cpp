@@ -1,6 +1,6 @@
-#include "text/json.h"
+#include "core/text/json.h"
 
-#include "text/cp1251.h"
+#include "core/text/cp1251.h"
 
 namespace parlex::text {
 

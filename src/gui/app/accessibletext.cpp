@@ -1,4 +1,4 @@
-#include "app/accessibletext.h"
+#include "gui/app/accessibletext.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>

@@ -1,4 +1,4 @@
-#include "app/clipboardguard.h"
+#include "gui/app/clipboardguard.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

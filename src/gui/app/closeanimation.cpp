@@ -1,4 +1,4 @@
-#include "app/closeanimation.h"
+#include "gui/app/closeanimation.h"
 
 #include <QLayout>
 #include <QPropertyAnimation>

@@ -1,4 +1,4 @@
-#include "app/placement.h"
+#include "gui/app/placement.h"
 
 namespace parlex::gui {
 namespace {

@@ -1,4 +1,4 @@
-#include "app/translations.h"
+#include "gui/app/translations.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>

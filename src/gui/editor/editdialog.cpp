@@ -1,11 +1,11 @@
-#include "editor/editdialog.h"
+#include "gui/editor/editdialog.h"
 
-#include "app/closeanimation.h"
-#include "app/placement.h"
-#include "entry/numberentry.h"
-#include "mainwindow/keymap.h"
-#include "mainwindow/mainwindow.h"
-#include "mainwindow/menus.h"
+#include "core/entry/numberentry.h"
+#include "gui/app/closeanimation.h"
+#include "gui/app/placement.h"
+#include "gui/mainwindow/keymap.h"
+#include "gui/mainwindow/mainwindow.h"
+#include "gui/mainwindow/menus.h"
 
 #include <QApplication>
 #include <QGridLayout>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/clipboardguard.h"
-#include "codelists/listkey.h"
+#include "core/codelists/listkey.h"
+#include "gui/app/clipboardguard.h"
 #include "session/byteeditor.h"
 
 #include <QDialog>

@@ -1,7 +1,7 @@
-#include "mainwindow/bytegrid.h"
+#include "gui/mainwindow/bytegrid.h"
 
-#include "explain/fieldlayout.h"
-#include "text/hex.h"
+#include "core/explain/fieldlayout.h"
+#include "core/text/hex.h"
 
 #include <QFontDatabase>
 #include <QGridLayout>

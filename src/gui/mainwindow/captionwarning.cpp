@@ -1,4 +1,4 @@
-#include "mainwindow/captionwarning.h"
+#include "gui/mainwindow/captionwarning.h"
 
 #include <QWidget>
 

@@ -1,10 +1,10 @@
 // The dialogs the main window opens: the byte editor, the options, help and About.
-#include "editor/editdialog.h"
-#include "mainwindow/mainwindow.h"
+#include "core/platform/files.h"
+#include "gui/editor/editdialog.h"
+#include "gui/mainwindow/mainwindow.h"
+#include "gui/settings/optionsdialog.h"
 #include "parlex_version.h"
-#include "platform/files.h"
 #include "session/pathtext.h"
-#include "settings/optionsdialog.h"
 
 #include <QDesktopServices>
 #include <QUrl>

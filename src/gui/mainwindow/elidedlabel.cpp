@@ -1,6 +1,6 @@
-#include "mainwindow/elidedlabel.h"
+#include "gui/mainwindow/elidedlabel.h"
 
-#include "app/accessibletext.h"
+#include "gui/app/accessibletext.h"
 
 #include <QEvent>
 #include <QPainter>

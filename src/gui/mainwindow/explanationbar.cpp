@@ -1,6 +1,6 @@
-#include "mainwindow/explanationbar.h"
+#include "gui/mainwindow/explanationbar.h"
 
-#include "mainwindow/elidedlabel.h"
+#include "gui/mainwindow/elidedlabel.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "explain/explainer.h"
+#include "core/explain/explainer.h"
 
-#include "mainwindow/selfplacingframe.h"
+#include "gui/mainwindow/selfplacingframe.h"
 
 namespace parlex::gui {
 

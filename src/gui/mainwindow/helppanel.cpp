@@ -1,8 +1,8 @@
-#include "mainwindow/helppanel.h"
-#include "mainwindow/helptext.h"
+#include "gui/mainwindow/helppanel.h"
+#include "gui/mainwindow/helptext.h"
 
-#include "codelists/resources.h"
-#include "explain/fieldlayout.h"
+#include "core/codelists/resources.h"
+#include "core/explain/fieldlayout.h"
 
 #include <QMouseEvent>
 #include <algorithm>

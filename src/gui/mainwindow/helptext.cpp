@@ -1,6 +1,6 @@
-#include "mainwindow/helptext.h"
+#include "gui/mainwindow/helptext.h"
 
-#include "app/accessibletext.h"
+#include "gui/app/accessibletext.h"
 
 #include <QEvent>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "mainwindow/keymap.h"
+#include "gui/mainwindow/keymap.h"
 
 #include <string>
 

@@ -1,13 +1,13 @@
-#include "mainwindow/mainwindow.h"
+#include "gui/mainwindow/mainwindow.h"
 
-#include "explain/fieldlayout.h"
-#include "mainwindow/bytegrid.h"
-#include "mainwindow/captionwarning.h"
-#include "mainwindow/explanationbar.h"
-#include "mainwindow/helppanel.h"
-#include "mainwindow/menus.h"
-#include "mainwindow/statuspanels.h"
-#include "speech/speechpane.h"
+#include "core/explain/fieldlayout.h"
+#include "gui/mainwindow/bytegrid.h"
+#include "gui/mainwindow/captionwarning.h"
+#include "gui/mainwindow/explanationbar.h"
+#include "gui/mainwindow/helppanel.h"
+#include "gui/mainwindow/menus.h"
+#include "gui/mainwindow/statuspanels.h"
+#include "gui/speech/speechpane.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/clipboardguard.h"
-#include "association/fileassociation.h"
-#include "codelists/codelist.h"
-#include "mainwindow/keymap.h"
+#include "core/association/fileassociation.h"
+#include "core/codelists/codelist.h"
+#include "gui/app/clipboardguard.h"
+#include "gui/mainwindow/keymap.h"
 #include "session/session.h"
 
 #include <QMainWindow>

@@ -1,4 +1,4 @@
-#include "mainwindow/menus.h"
+#include "gui/mainwindow/menus.h"
 
 #include <QAction>
 #include <QMainWindow>

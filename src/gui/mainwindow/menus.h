@@ -1,6 +1,6 @@
 #pragma once
 
-#include "codelists/listkey.h"
+#include "core/codelists/listkey.h"
 
 #include <QString>
 #include <array>

@@ -1,4 +1,4 @@
-#include "mainwindow/selfplacingframe.h"
+#include "gui/mainwindow/selfplacingframe.h"
 
 #include <QEvent>
 

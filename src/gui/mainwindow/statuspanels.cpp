@@ -1,9 +1,9 @@
-#include "mainwindow/statuspanels.h"
+#include "gui/mainwindow/statuspanels.h"
 
-#include "app/accessibletext.h"
+#include "gui/app/accessibletext.h"
 
-#include "platform/files.h"
-#include "text/pathfit.h"
+#include "core/platform/files.h"
+#include "core/text/pathfit.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mainwindow/selfplacingframe.h"
+#include "gui/mainwindow/selfplacingframe.h"
 
 #include <QIcon>
 #include <QLabel>

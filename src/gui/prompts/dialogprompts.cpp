@@ -1,6 +1,6 @@
-#include "prompts/dialogprompts.h"
+#include "gui/prompts/dialogprompts.h"
 
-#include "prompts/fontchooser.h"
+#include "gui/prompts/fontchooser.h"
 
 #include <QApplication>
 #include <QColorDialog>

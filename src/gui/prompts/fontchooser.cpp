@@ -1,4 +1,4 @@
-#include "prompts/fontchooser.h"
+#include "gui/prompts/fontchooser.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

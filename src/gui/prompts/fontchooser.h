@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/options.h"
+#include "core/settings/options.h"
 
 #include <QDialog>
 

@@ -1,7 +1,7 @@
-#include "settings/optionsdialog.h"
+#include "gui/settings/optionsdialog.h"
 
-#include "app/closeanimation.h"
-#include "app/placement.h"
+#include "gui/app/closeanimation.h"
+#include "gui/app/placement.h"
 #include "session/session.h"
 
 #include <QApplication>

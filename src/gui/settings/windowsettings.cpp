@@ -1,7 +1,7 @@
-#include "settings/windowsettings.h"
+#include "gui/settings/windowsettings.h"
 
-#include "mainwindow/mainwindow.h"
-#include "settings/settingsfile.h"
+#include "core/settings/settingsfile.h"
+#include "gui/mainwindow/mainwindow.h"
 
 #include <QEvent>
 #include <QScreen>

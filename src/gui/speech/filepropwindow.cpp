@@ -1,9 +1,9 @@
-#include "speech/filepropwindow.h"
+#include "gui/speech/filepropwindow.h"
 
-#include "app/closeanimation.h"
-#include "app/placement.h"
+#include "core/speech/edtsummary.h"
+#include "gui/app/closeanimation.h"
+#include "gui/app/placement.h"
 #include "session/speechdocument.h"
-#include "speech/edtsummary.h"
 
 #include <QKeyEvent>
 #include <QLabel>

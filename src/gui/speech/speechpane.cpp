@@ -1,9 +1,9 @@
-#include "speech/speechpane.h"
+#include "gui/speech/speechpane.h"
 
-#include "mainwindow/statuspanels.h"
+#include "core/settings/options.h"
+#include "gui/mainwindow/statuspanels.h"
+#include "gui/speech/filepropwindow.h"
 #include "session/speechdocument.h"
-#include "settings/options.h"
-#include "speech/filepropwindow.h"
 
 #include <QAction>
 #include <QHBoxLayout>
