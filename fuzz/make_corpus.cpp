@@ -103,8 +103,8 @@ int main(int argc, char** argv) {
     // Settings as written, defaults and changed ones.
     Settings settings;
     seed("fuzz_settings", "defaults", settingsText(settings));
-    settings.toolTips = settings.bold = true;
-    settings.fontName = "Arial";
+    settings.options.toolTips = settings.options.phraseFont.bold = true;
+    settings.options.phraseFont.family = "Arial";
     settings.scriptPath = "/home/u/mods/053.npc";
     settings.width = 9000;
     seed("fuzz_settings", "changed", settingsText(settings));

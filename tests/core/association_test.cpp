@@ -132,14 +132,16 @@ TEST_P(AssociationContract, AStoreThatRefusesWritesFailsAndStaysUnticked) {
     EXPECT_FALSE(self->isAssociated());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Backends, AssociationContract,
-    testing::Values(Backend{"Registry", [] { return std::make_unique<RegistryStore>(); }},
+const Backend kBackends[] = {
+    {"Registry", [] { return std::make_unique<RegistryStore>(); }},
 #ifdef _WIN32
-                    Backend{"Win32Registry", [] { return std::make_unique<Win32Store>(); }},
+    {"Win32Registry", [] { return std::make_unique<Win32Store>(); }},
 #endif
-                    Backend{"Freedesktop", [] { return std::make_unique<FreedesktopStore>(); }}),
-    [](const auto& info) { return std::string(info.param.name); });
+    {"Freedesktop", [] { return std::make_unique<FreedesktopStore>(); }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Backends, AssociationContract, testing::ValuesIn(kBackends),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 // ------------------------------------------------------------------ the registry
 
