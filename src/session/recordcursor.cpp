@@ -51,20 +51,18 @@ void RecordCursor::stepRecords(int delta) {
 }
 
 void RecordCursor::firstRecord() {
-    const NpcFile* npc = document_.file();
-    if (!npc)
-        return;
-    if (const auto found = npc->firstNonEmptyPosition())
-        setPosition(*found);
-    else
-        prompts_.beep();
+    if (const NpcFile* npc = document_.file())
+        moveToFound(npc->firstNonEmptyPosition());
 }
 
 void RecordCursor::lastRecord() {
-    const NpcFile* npc = document_.file();
-    if (!npc)
-        return;
-    if (const auto found = npc->lastNonEmptyPosition())
+    if (const NpcFile* npc = document_.file())
+        moveToFound(npc->lastNonEmptyPosition());
+}
+
+// A search for a record that is not empty: there, or a beep where there is none.
+void RecordCursor::moveToFound(std::optional<int> found) {
+    if (found)
         setPosition(*found);
     else
         prompts_.beep();

@@ -74,6 +74,7 @@ signals:
 
 private:
     void recordChanged(int index);
+    void moveToFound(std::optional<int> found);
     void showNoRecord();
     void showField(int byteIndex, FieldMark mark);
 

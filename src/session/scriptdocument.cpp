@@ -41,19 +41,20 @@ void ScriptDocument::paste(std::size_t index) {
 }
 
 std::optional<std::size_t> ScriptDocument::undo() {
-    const auto step = npc_ ? history_.undo() : std::nullopt;
-    if (!step)
-        return std::nullopt;
-    store(step->index, step->before);
-    return step->index;
+    return step(npc_ ? history_.undo() : std::nullopt, false);
 }
 
 std::optional<std::size_t> ScriptDocument::redo() {
-    const auto step = npc_ ? history_.redo() : std::nullopt;
-    if (!step)
+    return step(npc_ ? history_.redo() : std::nullopt, true);
+}
+
+// Puts back the bytes an undo (before) or a redo (after) restores.
+std::optional<std::size_t> ScriptDocument::step(const std::optional<RecordEdit>& edit,
+                                                bool forward) {
+    if (!edit)
         return std::nullopt;
-    store(step->index, step->after);
-    return step->index;
+    store(edit->index, forward ? edit->after : edit->before);
+    return edit->index;
 }
 
 void ScriptDocument::clear() {

@@ -52,6 +52,7 @@ signals:
 
 private:
     void store(std::size_t index, const NpcRecord& record);
+    std::optional<std::size_t> step(const std::optional<RecordEdit>& edit, bool forward);
     void tellChanged();
 
     std::optional<NpcFile> npc_;
