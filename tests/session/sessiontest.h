@@ -1,14 +1,12 @@
 #pragma once
 
 // A session over a temporary folder, answered by a script, and a few ways to look at it.
-#include "core/platform/files.h"
 #include "scriptedprompts.h"
 #include "session/session.h"
 #include "testutil.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <fstream>
 #include <gtest/gtest.h>
 
 namespace sessiontest {
@@ -16,17 +14,6 @@ namespace sessiontest {
 using parlex::session::Session;
 using Answer = parlex::session::UserPrompts::Answer;
 using Icon = parlex::session::UserPrompts::Icon;
-
-// A read-only mount of this machine, if it has one.
-inline std::string readOnlyFolder() {
-    std::ifstream mounts("/proc/self/mounts");
-    std::string device, dir, type, options, rest;
-    while (mounts >> device >> dir >> type >> options && std::getline(mounts, rest))
-        if ((options.starts_with("ro,") || options == "ro") && std::filesystem::is_directory(dir) &&
-            parlex::platform::driveKind(dir) == parlex::platform::DriveKind::ReadOnly)
-            return dir;
-    return {};
-}
 
 class SessionTest : public ::testing::Test {
 protected:
