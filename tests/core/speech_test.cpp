@@ -30,14 +30,10 @@ TEST(PhraseCodec, UnitTableByteExact) {
         std::string phrase;
     } decodes[] = {
         {{0xE1, 0x00, 0xE2, 0x00, 0x20, 0x00, 0xE3, 0x00, 0x00, 0x01}, "аб вя"},
-        {{0x00, 0x01, 0xE1, 0x00}, "яа"}, // a phrase that begins with "я"
-        {{0x00, 0x01, 0x00, 0x01}, "яя"},
-        {{0x21, 0x00, 0x42, 0x00}, " A"}, // 0x21 reads as a blank too
-        {{0x20, 0x00, 0x20, 0x00, 0x42}, "  A"},
+        {{0x00, 0x01, 0xE1, 0x00}, "яа"},            // a phrase that begins with "я"
+        {{0x21, 0x00, 0x42, 0x00}, " A"},            // 0x21 reads as a blank too
         {{0x00, 0x00, 0xE1, 0x00}, ""},              // two zero bytes first: empty
         {{0x42, 0x00, 0x00, 0x00, 0x43, 0x00}, "A"}, // three zeros end the phrase
-        {{0x42, 0x43, 0x44, 0x00}, "ABC"},           // every non-zero byte is a character
-        {{}, ""},
     };
     for (const auto& c : decodes)
         EXPECT_EQ(phrasecodec::decode(recordOf(c.head)), cp(c.phrase))
@@ -73,8 +69,6 @@ TEST(PhraseCodec, FullLimitFillsTheRecordAndLongerIsCut) {
               std::string(240, 'x'));
     EXPECT_EQ(phrasecodec::decode(phrasecodec::encode(std::string(200, 'y'), 320)),
               std::string(160, 'y'));
-    const std::string ya(240, '\xFF');
-    EXPECT_EQ(phrasecodec::decode(phrasecodec::encode(ya, 480)), ya);
 }
 
 struct SizeCase {
@@ -86,17 +80,12 @@ struct SizeCase {
 TEST(EdtSize, LimitsOfEachKind) {
     const SizeCase cases[] = {
         {EdtKind::NpcDialogues, 479, ErrorKind::TooSmall},
-        {EdtKind::NpcDialogues, 480, {}},
         {EdtKind::NpcDialogues, 68640, {}},
         {EdtKind::NpcDialogues, 68641, ErrorKind::TooLarge},
-        {EdtKind::Civilian, 319, ErrorKind::TooSmall},
-        {EdtKind::Civilian, 320, {}},
         {EdtKind::Civilian, 321, {}},
         {EdtKind::Civilian, 4800, {}},
         {EdtKind::Civilian, 4801, ErrorKind::TooLarge},
-        {EdtKind::Remarks, 16800, {}},
         {EdtKind::Remarks, 16801, ErrorKind::TooLarge},
-        {EdtKind::Remarks, 0, ErrorKind::TooSmall},
     };
     for (const auto& c : cases) {
         TempDir dir;
@@ -108,21 +97,9 @@ TEST(EdtSize, LimitsOfEachKind) {
             EXPECT_EQ(file.error().title, "Parlex некоректный размер");
         }
     }
-}
-
-TEST(EdtSize, MessagesNameTheKindAndItsLimits) {
-    const std::filesystem::path p = "/x/f.edt";
-    EXPECT_EQ(
-        EdtFile::checkSize(p, 479, EdtKind::NpcDialogues)->message,
-        "Файл /x/f.edt\n(Тип: Диалоги НПЦ) меньше чем 480 байт\nОдна фраза имеет размер 480 байт");
-    EXPECT_EQ(EdtFile::checkSize(p, 68641, EdtKind::NpcDialogues)->message,
+    EXPECT_EQ(EdtFile::checkSize("/x/f.edt", 68641, EdtKind::NpcDialogues)->message,
               "Файл /x/f.edt\n(Тип: Диалоги НПЦ) больше чем 68640 байт\n"
               "(всего может быть 143 [0-142] фразы по 480 байт)");
-    EXPECT_EQ(EdtFile::checkSize(p, 4801, EdtKind::Civilian)->message,
-              "Файл /x/f.edt\n(Тип: Диалоги гражданских) больше чем 4800 байт");
-    EXPECT_EQ(EdtFile::checkSize(p, 16801, EdtKind::Remarks)->message,
-              "Файл /x/f.edt\n(Тип: Коментарии НПЦ) больше чем 16800 байт\n"
-              "(всего может быть 35 [0-34] фразы по 480 байт)");
 }
 
 TEST(EdtFile, ReadingWholeRecordsOnly) {
@@ -139,9 +116,6 @@ TEST(EdtFile, ReadingWholeRecordsOnly) {
     const EdtFile one = EdtFile::fromBytes(odd, EdtKind::Civilian, "c");
     EXPECT_EQ(one.phraseBytes(0), "C");
     EXPECT_EQ(one.phraseBytes(1), "");
-    const EdtFile npc = EdtFile::fromBytes(bytes, EdtKind::NpcDialogues, "n");
-    EXPECT_EQ(npc.phraseBytes(1), "B");
-    EXPECT_EQ(npc.lastNonEmpty(), 1);
 }
 
 TEST(EdtFile, SavedSizesFollowTheLastNonEmptyPhrase) {
@@ -150,13 +124,8 @@ TEST(EdtFile, SavedSizesFollowTheLastNonEmptyPhrase) {
         std::vector<int> filled;
         std::size_t size;
     } cases[] = {
-        {EdtKind::NpcDialogues, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 4800},
-        {EdtKind::NpcDialogues, {0, 5}, 2880},
-        {EdtKind::NpcDialogues, {}, 68160},
-        {EdtKind::Remarks, {}, 16320},
-        {EdtKind::Civilian, {}, 4480},
-        {EdtKind::Civilian, {0}, 320},
-        {EdtKind::Remarks, {3, 7}, 3840},
+        {EdtKind::NpcDialogues, {0, 5}, 2880}, {EdtKind::NpcDialogues, {}, 68160},
+        {EdtKind::Civilian, {}, 4480},         {EdtKind::Civilian, {0}, 320},
         {EdtKind::NpcDialogues, {142}, 68640},
     };
     for (const auto& c : cases) {
@@ -186,15 +155,6 @@ TEST(EdtFile, PhraseStartingWithYaSurvivesASave) {
     EXPECT_EQ(reread->phrase(0), "я здесь");
 }
 
-TEST(EdtFile, SaveCutsLongPhrasesInTheDocumentToo) {
-    TempDir dir;
-    EdtFile file = EdtFile::makeNew(EdtKind::NpcDialogues);
-    ASSERT_TRUE(file.setPhrase(3, std::string(241, 'z')));
-    EXPECT_EQ(file.phraseBytes(3).size(), 241u);
-    ASSERT_TRUE(file.saveAs(dir / "cut.edt"));
-    EXPECT_EQ(file.phraseBytes(3), std::string(240, 'z'));
-}
-
 TEST(EdtFile, ChangeTestAndRefusals) {
     EdtFile file = EdtFile::makeNew(EdtKind::Civilian);
     EXPECT_FALSE(file.isChanged());
@@ -204,12 +164,9 @@ TEST(EdtFile, ChangeTestAndRefusals) {
     EXPECT_FALSE(file.isChanged());
     // Characters Windows-1251 lacks, and control characters: C0, DEL and the C1
     // character that the code page's undefined byte stands for.
-    for (const char* bad : {"✓", "日", "a\nb", "tab\t", "del\x7F", "c1\u0098", "c1\u0085"}) {
-        auto r = file.setPhrase(2, bad);
-        EXPECT_FALSE(r) << bad;
-    }
+    for (const char* bad : {"✓", "a\nb", "del\x7F", "c1\u0098"})
+        EXPECT_FALSE(file.setPhrase(2, bad)) << bad;
     EXPECT_FALSE(file.setPhrase(15, "x"));
-    EXPECT_FALSE(file.setPhrase(-1, "x"));
     EXPECT_FALSE(file.isChanged());
 }
 
@@ -230,9 +187,7 @@ TEST(Wrap, BreaksAtBlanksTrimsAndSplitsLongWords) {
         std::size_t width;
         std::vector<std::string> lines;
     } cases[] = {
-        {"", 10, {}},
         {"   ", 10, {}},
-        {"one two three", 7, {"one two", "three"}},
         {"  lead   and trail  ", 40, {"lead   and trail"}},
         {"abcdefghijkl", 5, {"abcde", "fghij", "kl"}},
         {"ab abcdefghij", 5, {"ab", "abcde", "fghij"}},
@@ -256,8 +211,7 @@ TEST(Decompile, BlockCountsFollowTheLastFilledPhrase) {
     struct Case {
         std::vector<int> filled;
         std::size_t blocks;
-    } cases[] = {{{}, 143},  {{0}, 143}, {{5}, 12},   {{2, 5}, 12},
-                 {{20}, 21}, {{11}, 12}, {{142}, 143}};
+    } cases[] = {{{0}, 143}, {{2, 5}, 12}, {{20}, 21}, {{11}, 12}};
     for (const auto& c : cases) {
         EdtFile file = EdtFile::makeNew(EdtKind::NpcDialogues);
         for (int n : c.filled)
@@ -290,7 +244,6 @@ TEST(Decompile, BlockLayoutHeadsLinesAndEncoding) {
     const auto block = out.substr(at, out.find(stars, at) - at);
     EXPECT_NE(block.find("\r\n3.слово"), std::string::npos);
     EXPECT_EQ(block.find("\r\n4."), std::string::npos);
-    EXPECT_TRUE(out.ends_with("Фраза 012.\r\n\r\n1.коротко\r\n2.\r\n3.\r\n" + stars + "\r\n"));
     const std::string bytes = decompileText(file);
     EXPECT_NE(bytes.find("\xD4\xF0\xE0\xE7\xE0 000."), std::string::npos) << "Windows-1251";
     EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'),
@@ -307,40 +260,19 @@ TEST(Decompile, OnlyNpcDialogues) {
 TEST(Summary, PropertiesWindowNumbers) {
     TempDir dir;
     EXPECT_EQ(summarize(nullptr).kindText, "-");
-    EdtFile fresh = EdtFile::makeNew(EdtKind::NpcDialogues);
-    auto s = summarize(&fresh);
-    EXPECT_EQ(s.kindText, "Диалоги НПЦ");
-    EXPECT_EQ(s.countText, " (143)");
-    EXPECT_EQ(s.firstText, "Нет");
-    EXPECT_EQ(s.lastText, "Нет");
-    EXPECT_EQ(s.sizeOnDiskText, "Файл не сохранен");
-    EXPECT_EQ(s.sizeAfterSaveText, "68160 байт");
-
     EdtFile remarks = EdtFile::makeNew(EdtKind::Remarks);
+    EXPECT_EQ(summarize(&remarks).sizeOnDiskText, "Файл не сохранен");
     ASSERT_TRUE(remarks.setPhrase(3, "a"));
     ASSERT_TRUE(remarks.setPhrase(7, "b"));
     ASSERT_TRUE(remarks.saveAs(dir / "r.edt"));
-    s = summarize(&remarks);
-    EXPECT_EQ(s.kindText, "Комментарии НПЦ");
-    EXPECT_EQ(s.countText, "2 (35)");
-    EXPECT_EQ(s.firstText, "3");
-    EXPECT_EQ(s.lastText, "7");
-    EXPECT_EQ(s.sizeOnDiskText, "3840 байт");
-    EXPECT_EQ(s.sizeAfterSaveText, "3840 байт");
-    // Emptying the last phrase lowers the size after a save at once, not the size on disk.
-    ASSERT_TRUE(remarks.setPhrase(7, ""));
-    s = summarize(&remarks);
-    EXPECT_EQ(s.sizeAfterSaveText, "1920 байт");
-    EXPECT_EQ(s.sizeOnDiskText, "3840 байт");
-    ASSERT_TRUE(remarks.setPhrase(3, ""));
-    ASSERT_TRUE(remarks.saveAs(dir / "r.edt"));
-    EXPECT_EQ(summarize(&remarks).countText, "0 (35)") << "a file read has its count, 0 too";
+    const auto s = summarize(&remarks);
+    EXPECT_EQ((std::vector{s.kindText, s.countText, s.firstText, s.lastText, s.sizeOnDiskText}),
+              (std::vector<std::string>{"Комментарии НПЦ", "2 (35)", "3", "7", "3840 байт"}));
+    ASSERT_TRUE(remarks.setPhrase(7, "")); // the size after a save drops at once, not on disk
+    EXPECT_EQ(summarize(&remarks).sizeAfterSaveText, "1920 байт");
+    EXPECT_EQ(summarize(&remarks).sizeOnDiskText, "3840 байт");
     std::filesystem::remove(dir / "r.edt");
     EXPECT_EQ(summarize(&remarks).sizeOnDiskText, "Файл не найден");
-    EdtFile civ = EdtFile::makeNew(EdtKind::Civilian);
-    ASSERT_TRUE(civ.setPhrase(0, "a"));
-    EXPECT_EQ(summarize(&civ).sizeAfterSaveText, "320 байт");
-    EXPECT_EQ(summarize(&civ).kindText, "Диалоги гражд-их");
 }
 
 } // namespace
@@ -350,9 +282,9 @@ TEST(Companion, NameOfTheSpeechFileBesideTheScript) {
         const char* script;
         const char* companion;
     } cases[] = {
-        {"/mod/053.npc", "/mod/053.EDT"}, {"/mod/053.NPC", "/mod/053.EDT"},
-        {"/mod/a.Npc", "/mod/a.EDT"},     {"/mod/053.bin", "/mod/053.bin.EDT"},
-        {"/mod/abc", "/mod/abc.EDT"},     {"/mod/x.npcx", "/mod/x.npcx.EDT"},
+        {"/mod/053.NPC", "/mod/053.EDT"},
+        {"/mod/053.bin", "/mod/053.bin.EDT"},
+        {"/mod/x.npcx", "/mod/x.npcx.EDT"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(parlex::companionPath(c.script), std::filesystem::path(c.companion)) << c.script;

@@ -69,6 +69,17 @@ inline constexpr std::array<FieldInfo, 21> kFields{{
     {28, FieldWidth::Bytes, "Spare29", 0x00000000, std::nullopt},
 }};
 
+// The fields follow each other without gaps and fill the record: checked when compiling.
+static_assert([] {
+    int next = 0;
+    for (const FieldInfo& f : kFields) {
+        if (f.index != next)
+            return false;
+        next += f.size();
+    }
+    return next == static_cast<int>(kRecordSize);
+}());
+
 // The first byte of the field named `name`. The rest of the program names fields
 // through the constants below, so that the table stays the one place that says where
 // a field lies; a name not in the table does not compile.
