@@ -61,15 +61,6 @@ TEST(Exchange, JsonAndPoComeBackToTheSamePhrasesForEveryKind) {
     }
 }
 
-TEST(Exchange, TheCatalogueNamesRolesOfDialoguePhrasesOnly) {
-    const std::string dialogue = phrasesToPo(filled(EdtKind::NpcDialogues));
-    EXPECT_NE(dialogue.find("\n#. "), std::string::npos);
-    EXPECT_NE(dialogue.find("msgctxt \"000\"\nmsgid \"Привет, \\\"наёмник\\\"!\"\nmsgstr \"\"\n"),
-              std::string::npos);
-    EXPECT_NE(dialogue.find("msgctxt \"142\"\nmsgid \"Последняя фраза №9\""), std::string::npos);
-    EXPECT_EQ(phrasesToPo(filled(EdtKind::Remarks)).find("\n#. "), std::string::npos);
-}
-
 TEST(Exchange, PoEntriesAsTranslatorsLeaveThem) {
     const std::string po =
         "msgid \"\"\nmsgstr \"\"\n\"Language: ru\\n\"\n\n"
@@ -96,14 +87,10 @@ TEST(Exchange, BrokenInputIsRefusedWithItsPlace) {
     const Case cases[] = {
         {true, "{\"a\":1}", "JSON, строка 1: ожидался массив"},
         {true, "[\"a\",\n\"b\"", "JSON, строка 2: ожидалась \",\" или \"]\""},
-        {true, "[\"a\" x]", "JSON, строка 1: ожидалась \",\""},
         {true, "[\"a\\q\"]", "JSON, строка 1: неизвестная escape"},
-        {true, "[\"open]", "JSON, строка 1: строка не закрыта"},
-        {true, "[1]", "JSON, строка 1: ожидалась строка"},
         {true, "[] []", "JSON, строка 1: лишний текст"},
         {false, "msgctxt \"x1\"\nmsgid \"a\"\nmsgstr \"b\"\n", "PO, строка 1: msgctxt должен"},
         {false, "msgid \"a\"\nmsgstr b\n", "PO, строка 2: ожидалась строка"},
-        {false, "\"stray\"\n", "PO, строка 1: строка вне записи"},
     };
     for (const auto& c : cases) {
         const auto result = c.json ? phrasesFromJson(c.text) : phrasesFromPo(c.text);
@@ -126,7 +113,6 @@ TEST(Exchange, ImportIsAllOrNothing) {
         {{{0, "ok"}, {15, "past the civilian kind"}},
          "фраза 15: такой фразы нет (фразы с 0 по 14)"},
         {{{0, "ok"}, {2, "漢字"}}, "фраза 2: "},
-        {{{-1, "x"}}, "фраза -1: такой фразы нет"},
     };
     for (const auto& c : cases) {
         auto file = filled(EdtKind::Civilian);
