@@ -41,7 +41,6 @@ private slots:
     void clicksReachTheOptionsAndClosingStoresTheRest();
     void theAssociationBoxTiesScripts();
     void aListButtonWritesItsFile();
-    void thePicturesAreDrawn();
     void helpOpensThroughTheDesktopOrSaysWhyNot();
 
 private:
@@ -158,17 +157,6 @@ void OptionsDialogTest::aListButtonWritesItsFile() {
     click("ComName"); // the file is there and Check is ticked: asked, and left
     QCOMPARE(f->prompts.questions.size(), qsizetype(1));
     click("ComOK");
-}
-
-void OptionsDialogTest::thePicturesAreDrawn() {
-    QVERIFY(!win().windowIcon().pixmap(32).isNull());
-    auto* bar = win().findChild<StatusPanels*>("SBar");
-    QVERIFY2(!bar->picture(2), "no picture before a script is open");
-    win().session().flows().newScript();
-    QVERIFY(bar->picture(2));
-    QVERIFY(!bar->picture(2)->pixmap().isNull());
-    QVERIFY(bar->picture(2)->isVisible());
-    QVERIFY2(bar->label(2)->indent() >= 16, "the text starts behind the picture");
 }
 
 void OptionsDialogTest::helpOpensThroughTheDesktopOrSaysWhyNot() {

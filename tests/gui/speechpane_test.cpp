@@ -29,19 +29,14 @@ private slots:
     void newDocumentsFromTheToolbar();
     void anOverLongPhraseIsRedAndCutOnSave();
     void pastedLinesBecomeOnePhrase();
-    void typingBackMakesAFileUnchanged();
     void phraseKeysAndByteFourteenMoveThePane();
     void padKeysOfCommandsTypeNothing();
-    void stepsStopAtTheEndsAndCountersKeepTheirForm();
     void decompilingOnlyForDialogues_data();
     void decompilingOnlyForDialogues();
     void propertiesTellWhatTheFileHolds_data();
     void propertiesTellWhatTheFileHolds();
-    void propertiesCloseOnATypingKeyOrAClick_data();
-    void propertiesCloseOnATypingKeyOrAClick();
     void aMissingSpeechFileBlinksInTheCaption();
     void colourAndFontFromThePopUp();
-    void toolTipsOnlyWithTheOption();
 
 private:
     SpeechPane* pane() { return win().findChild<SpeechPane*>(); }
@@ -122,23 +117,6 @@ void SpeechPaneTest::pastedLinesBecomeOnePhrase() {
     QCOMPARE(text()->toPlainText(), "перваявторая");
 }
 
-void SpeechPaneTest::typingBackMakesAFileUnchanged() {
-    EdtFile file = EdtFile::makeNew(EdtKind::NpcDialogues);
-    QVERIFY(file.setPhrase(0, "Hi"));
-    QVERIFY(win().session().speech().openPath(write("d.edt", file.toBytes()).toStdString(),
-                                              EdtKind::NpcDialogues));
-    QVERIFY(!act("TBar_SaveAs")->isEnabled());
-    text()->moveCursor(QTextCursor::End);
-    type("!");
-    QVERIFY(act("TBar_SaveAs")->isEnabled());
-    QTest::keyClick(text(), Qt::Key_Backspace);
-    QVERIFY(!act("TBar_SaveAs")->isEnabled()); // in a file: back to unchanged
-    act("TBar_New")->trigger();
-    type("x");
-    QTest::keyClick(text(), Qt::Key_Backspace);
-    QVERIFY(act("TBar_SaveAs")->isEnabled()); // a new document: always
-}
-
 void SpeechPaneTest::phraseKeysAndByteFourteenMoveThePane() {
     QTest::keyClick(text(), Qt::Key_6, Qt::KeypadModifier); // nothing open
     QCOMPARE(panel(3), "Файл не открыт!");
@@ -174,25 +152,6 @@ void SpeechPaneTest::padKeysOfCommandsTypeNothing() {
     QTest::keyClick(text(), Qt::Key_5, Qt::KeypadModifier);
     QTest::keyClick(text(), Qt::Key_Plus); // the main keyboard's plus types
     QCOMPARE(text()->toPlainText(), "5+");
-}
-
-void SpeechPaneTest::stepsStopAtTheEndsAndCountersKeepTheirForm() {
-    openEdt("ten.edt", EdtKind::NpcDialogues, {{0, "a"}, {9, "j"}}, 10);
-    QCOMPARE(panel(2), "(000:142)");
-    act("TBar_Back")->trigger();
-    act("TBar_Home")->trigger();
-    QCOMPARE(f->prompts.beeps, 2);
-    QCOMPARE(panel(2), "(000:142)");
-    act("TBar_End")->trigger(); // the last phrase of the kind, not the last filled
-    QCOMPARE(panel(2), "(142:142)");
-    QCOMPARE(text()->toPlainText(), QString());
-    act("TBar_Next")->trigger();
-    QCOMPARE(f->prompts.beeps, 3);
-    QCOMPARE(panel(2), "(142:142)");
-    openEdt("rem.edt", EdtKind::Remarks, {{7, "seven"}});
-    speech().showPhrase(7);
-    QCOMPARE(panel(2), "(07:34)");
-    QCOMPARE(panel(1), "005:240");
 }
 
 void SpeechPaneTest::decompilingOnlyForDialogues_data() {
@@ -236,25 +195,11 @@ void SpeechPaneTest::propertiesTellWhatTheFileHolds_data() {
     using F = std::function<void(T*)>;
     QTest::newRow("nothing open") << F([](T*) {}) << "Файл не открыт"
                                   << QStringList{"-", "-", "-", "-", "-", "-"};
-    QTest::newRow("new dialogues")
-        << F([](T* t) { t->act("TBar_New")->trigger(); }) << "Новый файл"
-        << QStringList{"Диалоги НПЦ", " (143)", "Нет", "Нет", "Файл не сохранен", "68160 байт"};
-    QTest::newRow("remarks 3 and 7") << F([](T* t) {
-        t->openEdt("r.edt", EdtKind::Remarks, {{3, "c"}, {7, "g"}});
-    }) << "r.edt" << QStringList{"Комментарии НПЦ", "2 (35)", "3", "7", "3840 байт", "3840 байт"};
     QTest::newRow("last phrase emptied, not saved") << F([](T* t) {
         t->openEdt("r.edt", EdtKind::Remarks, {{3, "c"}, {7, "g"}});
         t->speech().showPhrase(7);
         t->text()->clear();
     }) << "r.edt" << QStringList{"Комментарии НПЦ", "1 (35)", "3", "3", "3840 байт", "1920 байт"};
-    QTest::newRow("civilian, phrase 0 only") << F([](T* t) {
-        t->openEdt("c.edt", EdtKind::Civilian, {{0, "a"}});
-    }) << "c.edt" << QStringList{"Диалоги гражд-их", "1 (15)", "0", "0", "320 байт", "320 байт"};
-    QTest::newRow("file gone from disk") << F([](T* t) {
-        t->openEdt("g.edt", EdtKind::Civilian, {});
-        std::filesystem::remove(t->f->dir / "g.edt");
-    }) << "g.edt" << QStringList{"Диалоги гражд-их", "0 (15)",   "Нет", "Нет",
-                                 "Файл не найден",   "4480 байт"};
 }
 
 void SpeechPaneTest::propertiesTellWhatTheFileHolds() {
@@ -266,9 +211,6 @@ void SpeechPaneTest::propertiesTellWhatTheFileHolds() {
     QCOMPARE(window.windowTitle(), caption);
     for (int i = 0; i < values.size(); ++i)
         QCOMPARE(window.value(i), values[i]);
-    QCOMPARE(window.value(6), "NumPad ...");
-    QCOMPARE(window.value(11), "Page Down");
-    QCOMPARE(window.value(15), "Ctrl+F1");
     // The painted caption of a value reaches a screen reader with the value.
     QAccessibleInterface* count =
         QAccessible::queryAccessibleInterface(window.findChild<QLabel*>("Lbl1"));
@@ -276,39 +218,6 @@ void SpeechPaneTest::propertiesTellWhatTheFileHolds() {
     QCOMPARE(count->text(QAccessible::Description), QString("Число существующих строк"));
     // Centred over the main window.
     QVERIFY(qAbs(window.frameGeometry().center().x() - win().frameGeometry().center().x()) <= 2);
-}
-
-void SpeechPaneTest::propertiesCloseOnATypingKeyOrAClick_data() {
-    QTest::addColumn<int>("key"); // 0: a click on a label
-    QTest::addColumn<bool>("closes");
-    QTest::newRow("arrow") << int(Qt::Key_Right) << false;
-    QTest::newRow("F5") << int(Qt::Key_F5) << false;
-    QTest::newRow("letter") << int(Qt::Key_A) << true;
-    QTest::newRow("Enter") << int(Qt::Key_Return) << true;
-    QTest::newRow("Escape") << int(Qt::Key_Escape) << true;
-    QTest::newRow("click on a label") << 0 << true;
-}
-
-// Opened by Ctrl+F1 as a modal window; the key is sent while it runs.
-void SpeechPaneTest::propertiesCloseOnATypingKeyOrAClick() {
-    QFETCH(int, key);
-    QFETCH(bool, closes);
-    win().session().updateOptions(
-        [&](auto& o) { o.animationOff = true; }); // closes at once, without shrinking
-    bool stillOpen = false;
-    QTimer::singleShot(0, this, [&] {
-        auto* window = qobject_cast<FilePropWindow*>(QApplication::activeModalWidget());
-        QVERIFY(window);
-        if (key)
-            QTest::keyClick(window, Qt::Key(key));
-        else
-            QTest::mouseClick(window->findChild<QLabel*>("Lbl3"), Qt::LeftButton);
-        stillOpen = window->isVisible();
-        if (stillOpen)
-            window->done(0);
-    });
-    QTest::keyClick(text(), Qt::Key_F1, Qt::ControlModifier);
-    QCOMPARE(stillOpen, !closes);
 }
 
 void SpeechPaneTest::aMissingSpeechFileBlinksInTheCaption() {
@@ -351,26 +260,6 @@ void SpeechPaneTest::colourAndFontFromThePopUp() {
     f->prompts.fontAnswer.reset(); // cancelled: nothing changes
     act("nFont")->trigger();
     QCOMPARE(text()->font().pointSizeF(), 14.0);
-}
-
-void SpeechPaneTest::toolTipsOnlyWithTheOption() {
-    QToolButton* open = nullptr;
-    for (auto* b : pane()->findChildren<QToolButton*>())
-        if (b->defaultAction() == act("TBar_Open"))
-            open = b;
-    QVERIFY(open);
-    const auto hover = [&] {
-        QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), open->mapToGlobal(QPoint(2, 2)));
-        QApplication::sendEvent(open, &help);
-    };
-    hover();
-    QVERIFY(!QToolTip::isVisible());
-    win().session().updateOptions(
-        [&](auto& o) { o.toolTips = true; }); // takes effect at the next hover
-    hover();
-    QTRY_VERIFY(QToolTip::isVisible());
-    QCOMPARE(QToolTip::text(), "Открыть EDT файл...");
-    QToolTip::hideText();
 }
 
 QTEST_MAIN(SpeechPaneTest)
