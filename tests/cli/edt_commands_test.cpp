@@ -35,53 +35,6 @@ TEST(CliEdt, NewSetShowInfoRoundTrip) {
     EXPECT_NE(text.out.find("Число существующих строк: 2 (35)\n"), std::string::npos);
 }
 
-TEST(CliEdt, EmptyFileInfoHasNullsAndRefusalsLeaveTheFile) {
-    TempDir dir;
-    const std::string f = (dir / "n.edt").string();
-    ASSERT_EQ(cli({"edt", "new", f, "--kind", "npc"}).status, 0);
-    EXPECT_EQ(cli({"edt", "info", f, "--kind", "npc", "--json"}).out,
-              "{\"kind\":\"npc\",\"phrases\":143,\"nonEmpty\":0,\"first\":null,\"last\":null,"
-              "\"sizeOnDisk\":68160,\"sizeAfterSave\":68160}\n");
-    EXPECT_NE(
-        cli({"edt", "info", f, "--kind", "npc"}).out.find("Число существующих строк: 0 (143)\n"),
-        std::string::npos);
-    const auto before = testutil::readBytes(f);
-    struct Case {
-        std::vector<std::string> args;
-        int status;
-    } cases[] = {
-        {{"--phrase", "143", "--text", "x"}, 2}, // past every kind: outside the option's range
-        {{"--phrase", "-1", "--text", "x"}, 2},  {{"--phrase", "x", "--text", "x"}, 2},
-        {{"--phrase", "1", "--text", "✓"}, 1},   {{"--phrase", "1"}, 2},
-    };
-    for (const auto& c : cases) {
-        std::vector<std::string> args{"edt", "set", f, "--kind", "npc"};
-        args.insert(args.end(), c.args.begin(), c.args.end());
-        EXPECT_EQ(cli(args).status, c.status) << ::testing::PrintToString(c.args);
-        EXPECT_EQ(testutil::readBytes(f), before);
-    }
-    EXPECT_EQ(cli({"edt", "show", f}).status, 2);
-    EXPECT_EQ(cli({"edt", "show", f, "--kind", "xyz"}).status, 2);
-}
-
-TEST(CliEdt, SizeTestAppliesToEveryCommand) {
-    TempDir dir;
-    const std::string f = (dir / "big.edt").string();
-    testutil::writeBytes(f, std::vector<std::uint8_t>(4801, 0));
-    for (const auto& args : std::vector<std::vector<std::string>>{
-             {"edt", "show", f, "--kind", "civ"},
-             {"edt", "info", f, "--kind", "civ"},
-             {"edt", "set", f, "--kind", "civ", "--phrase", "0", "--text", "a"}}) {
-        auto run = cli(args);
-        EXPECT_EQ(run.status, 1);
-        EXPECT_NE(run.err.find("(Тип: Диалоги гражданских) больше чем 4800 байт"),
-                  std::string::npos);
-    }
-    testutil::writeBytes(f, std::vector<std::uint8_t>(479, 0));
-    EXPECT_EQ(cli({"edt", "decompile", f, (dir / "q.txt").string()}).status, 1);
-    EXPECT_FALSE(std::filesystem::exists(dir / "q.txt"));
-}
-
 TEST(CliEdt, DecompileWritesWindows1251) {
     TempDir dir;
     const std::string f = (dir / "d.edt").string();

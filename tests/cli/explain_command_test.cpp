@@ -41,19 +41,6 @@ TEST(CliExplain, JsonHasEveryRecordAndTwentyOneFieldsInOrder) {
         std::string::npos);
 }
 
-TEST(CliExplain, JaPositionFiftyHasNoRecord) {
-    TempDir dir;
-    testutil::writeBytes(dir / "ja.npc", testutil::jaBytes());
-    auto all = cli({"explain", (dir / "ja.npc").string(), "--json"});
-    EXPECT_EQ(count(all.out, "\"record\":"), 49u);
-    auto run = cli({"explain", (dir / "ja.npc").string(), "--json", "--record", "50"});
-    ASSERT_EQ(run.status, 0);
-    EXPECT_TRUE(run.out.starts_with(
-        "{\"type\":\"ja\",\"records\":[{\"record\":50,\"hex\":\"\",\"fields\":["));
-    EXPECT_EQ(count(run.out, "\"text\":\"Запись не существует\",\"alert\":true"), 21u);
-    EXPECT_EQ(count(run.out, "\"value\":0,"), 21u);
-}
-
 TEST(CliExplain, TextMarksAlertsAndRemarks) {
     TempDir dir;
     auto run = cli({"explain", PARLEX_EXAMPLE, "--record", "8", "--lists", dir.path().string()});
@@ -69,12 +56,6 @@ TEST(CliExplain, TextMarksAlertsAndRemarks) {
     EXPECT_EQ(count(run.out, "\n"), 22u);
     auto empty = cli({"explain", PARLEX_EXAMPLE, "--record", "12"});
     EXPECT_EQ(count(empty.out, "Запись пустая"), 21u);
-}
-
-TEST(CliExplain, BadRecordNumberIsAUsageError) {
-    EXPECT_EQ(cli({"explain", PARLEX_EXAMPLE, "--record", "51"}).status, 2);
-    EXPECT_EQ(cli({"explain", PARLEX_EXAMPLE, "--record", "x"}).status, 2);
-    EXPECT_EQ(cli({"explain", "/nonexistent/a.npc"}).status, 1);
 }
 
 } // namespace

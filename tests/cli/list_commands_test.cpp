@@ -37,19 +37,6 @@ TEST(CliLookup, BuiltInAndOverrideAnswers) {
     EXPECT_EQ(cli({"lookup", "N", "x1"}).status, 2);
 }
 
-TEST(CliListsShow, RowsAsTheListWindowShowsThem) {
-    TempDir dir;
-    const std::pair<const char*, std::size_t> counts[] = {
-        {"T", 500}, {"I", 351}, {"N", 170}, {"Qi", 30}, {"Qo", 30}, {"A", 15}, {"R", 14}};
-    for (auto [key, count] : counts) {
-        auto run = cli({"lists", "show", key, "--lists", dir.path().string()});
-        EXPECT_EQ(run.status, 0);
-        EXPECT_EQ(lineCount(run.out), count) << key;
-    }
-    auto r = cli({"lists", "show", "R", "--lists", dir.path().string()});
-    EXPECT_TRUE(r.out.ends_with("№_65494 (D6 FF) НПЦ встает с инвалидного кресла\n"));
-}
-
 TEST(CliListsExtract, WritesAllSevenAndAsksBeforeReplacing) {
     TempDir dir;
     auto run = cli({"lists", "extract", "--dir", dir.path().string()});

@@ -19,15 +19,6 @@ TEST(CliInfo, TextAndJsonDescribeTheExample) {
                         "\"records\":50,\"nonEmpty\":12}\n");
 }
 
-TEST(CliInfo, JaFileCounts49Records) {
-    TempDir dir;
-    testutil::writeBytes(dir / "ja.npc", testutil::jaBytes());
-    auto run = cli({"info", "--json", (dir / "ja.npc").string()});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, "{\"type\":\"ja\",\"typeText\":\"Агония Власти\",\"records\":49,"
-                       "\"nonEmpty\":49}\n");
-}
-
 TEST(CliDump, OneLinePerRecordWithUpperCaseHex) {
     TempDir dir;
     auto bytes = std::vector<std::uint8_t>(1600, 0);
@@ -232,31 +223,6 @@ TEST(CliErrors, SizeMessageAndExitStatuses) {
     EXPECT_NE(setHelp.out.find("--record N"), std::string::npos);
 }
 
-TEST(Example, BundledScriptIsWhatTheGeneratorWrites) {
-    TempDir dir;
-    auto run = clitest::runProgram(PARLEX_MAKE_EXAMPLE, {(dir / "053.npc").string()});
-    ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(testutil::readBytes(dir / "053.npc"), testutil::readBytes(PARLEX_EXAMPLE));
-    const auto speech = std::filesystem::path(PARLEX_EXAMPLE).replace_extension(".EDT");
-    EXPECT_EQ(testutil::readBytes(dir / "053.EDT"), testutil::readBytes(speech));
-}
-
-} // namespace
-
-namespace {
-
-// A Cyrillic name given on the command line, opened, set and saved.
-TEST(CliNames, ACyrillicFileNameIsOpenedSetAndSaved) {
-    TempDir dir;
-    const auto file = dir.path() / parlex::platform::pathFromUtf8("Тест.npc");
-    testutil::writeBytes(file, testutil::script({1}));
-    const std::string name = parlex::platform::utf8(file);
-    EXPECT_EQ(cli({"set", name, "--record", "1", "--byte", "13", "--value", "40"}).status, 0);
-    EXPECT_EQ(testutil::readBytes(file)[12], 40);
-    const auto info = cli({"info", "--json", parlex::platform::utf8(dir.path())});
-    EXPECT_NE(info.out.find("Тест.npc"), std::string::npos) << info.out;
-}
-
 } // namespace
 
 namespace {
@@ -295,13 +261,6 @@ TEST(CliConventions, UsageGoesToStderrAndMissingFoldersAreUsageErrors) {
 }
 
 #ifndef _WIN32
-TEST(CliConventions, OutputThatCannotBeWrittenIsAFailure) {
-    const std::string command = clitest::quote(PARLEX_CLI) + " dump " +
-                                clitest::quote(PARLEX_EXAMPLE) + " >/dev/full 2>/dev/null";
-    const int status = std::system(command.c_str());
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 1);
-}
 #endif
 
 } // namespace
