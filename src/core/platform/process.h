@@ -1,16 +1,24 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace parlex::platform {
 
-// Runs `program` (looked up on PATH when it has no slash) with `arguments`, its
-// output thrown away, and waits for it. The exit status, or nothing when the
+// Where a program's standard output and error go: into these files (created or
+// emptied), or nowhere when a path is empty.
+struct ProgramOutput {
+    std::filesystem::path output;
+    std::filesystem::path errors;
+};
+
+// Runs `program` (looked up on PATH when it has no slash) with `arguments` and an
+// empty standard input, and waits for it. The exit status, or nothing when the
 // program could not be started or did not end normally.
-std::optional<int> runProgram(const std::string& program,
-                              const std::vector<std::string>& arguments);
+std::optional<int> runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                              const ProgramOutput& to = {});
 
 #ifdef _WIN32
 // One word of a Windows command line, quoted so that the C runtime splits it back

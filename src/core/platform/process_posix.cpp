@@ -6,12 +6,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <utility>
+
 extern char** environ;
 
 namespace parlex::platform {
 
-std::optional<int> runProgram(const std::string& program,
-                              const std::vector<std::string>& arguments) {
+std::optional<int> runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                              const ProgramOutput& to) {
     std::vector<std::string> words{program};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
@@ -21,8 +23,10 @@ std::optional<int> runProgram(const std::string& program,
 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
+    for (const auto& [fd, path] : {std::pair{1, &to.output}, std::pair{2, &to.errors}})
+        posix_spawn_file_actions_addopen(&actions, fd, path->empty() ? "/dev/null" : path->c_str(),
+                                         O_WRONLY | O_CREAT | O_TRUNC, 0644);
     pid_t pid = 0;
     const int started =
         ::posix_spawnp(&pid, program.c_str(), &actions, nullptr, argv.data(), environ);

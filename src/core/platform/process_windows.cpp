@@ -33,16 +33,31 @@ std::wstring commandLineWord(const std::wstring& word) {
     return out + L"\"";
 }
 
-std::optional<int> runProgram(const std::string& program,
-                              const std::vector<std::string>& arguments) {
+std::optional<int> runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                              const ProgramOutput& to) {
     std::wstring line = commandLineWord(wide(program));
     for (const auto& argument : arguments)
         line += L" " + commandLineWord(wide(argument));
+    // The child inherits these three handles as its standard input, output and error.
+    SECURITY_ATTRIBUTES inherit{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+    const auto open = [&](const std::filesystem::path& path, DWORD access, DWORD creation) {
+        return ::CreateFileW(path.empty() ? L"NUL" : path.c_str(), access,
+                             FILE_SHARE_READ | FILE_SHARE_WRITE, &inherit, creation,
+                             FILE_ATTRIBUTE_NORMAL, nullptr);
+    };
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = open({}, GENERIC_READ, OPEN_EXISTING);
+    startup.hStdOutput = open(to.output, GENERIC_WRITE, CREATE_ALWAYS);
+    startup.hStdError = open(to.errors, GENERIC_WRITE, CREATE_ALWAYS);
     PROCESS_INFORMATION process{};
-    if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
-                          nullptr, &startup, &process))
+    const bool started = ::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE,
+                                          CREATE_NO_WINDOW, nullptr, nullptr, &startup, &process);
+    for (HANDLE handle : {startup.hStdInput, startup.hStdOutput, startup.hStdError})
+        if (handle != INVALID_HANDLE_VALUE)
+            ::CloseHandle(handle);
+    if (!started)
         return std::nullopt;
     ::WaitForSingleObject(process.hProcess, INFINITE);
     DWORD status = 0;
