@@ -247,44 +247,4 @@ TEST(Freedesktop, TheWrittenEntryIsTheInstalledOneRunningThisProgram) {
     EXPECT_EQ(withoutExec(entry), withoutExec(installed));
 }
 
-TEST(Freedesktop, TickingWritesTheThreeFilesAndTheMimeDatabase) {
-#ifdef _WIN32
-    GTEST_SKIP() << "the freedesktop association is the Linux desktop's (Unix paths, "
-                    "update-mime-database); Windows ties files through the registry";
-#endif
-    testutil::TempDir dir;
-    fs::create_directories(dir / "config");
-    testutil::writeText(dir / "config" / "mimeapps.list",
-                        "[Default Applications]\ntext/plain=gedit.desktop\n");
-    FreedesktopAssociation association("/opt/parlex/parlex", dir / "data", dir / "config");
-    ASSERT_TRUE(association.associate());
-    EXPECT_EQ(testutil::readText(association.mimePackageFile()), freedesktop::mimePackage());
-    EXPECT_EQ(testutil::readText(association.desktopFile()),
-              freedesktop::desktopEntry("/opt/parlex/parlex"));
-    EXPECT_EQ(testutil::readText(association.mimeappsFile()),
-              "[Default Applications]\napplication/x-ja2-npc=org.parlex.Parlex.desktop\n"
-              "text/plain=gedit.desktop\n");
-    // update-mime-database (installed with the build's dependencies) turns the
-    // package into the type's own file.
-    EXPECT_TRUE(fs::exists(dir / "data" / "mime" / "application" / "x-ja2-npc.xml"));
-
-    ASSERT_TRUE(association.disassociate());
-    EXPECT_FALSE(fs::exists(association.desktopFile()));
-    EXPECT_EQ(testutil::readText(association.mimeappsFile()),
-              "[Default Applications]\ntext/plain=gedit.desktop\n");
-}
-
-TEST(Freedesktop, AnEntryForAnotherProgramOrUnreadableIsNoAssociation) {
-    testutil::TempDir dir;
-    FreedesktopAssociation association("/opt/parlex/parlex", dir / "data", dir / "config");
-    ASSERT_TRUE(association.associate());
-    for (const char* exec : {"Exec=/usr/bin/hexedit %f", "Exec=\"/opt/parlex/parlex %f"}) {
-        testutil::writeText(association.desktopFile(),
-                            std::string("[Desktop Entry]\nType=Application\n") + exec + "\n");
-        EXPECT_FALSE(association.isAssociated()) << exec;
-    }
-    fs::remove(association.desktopFile());
-    EXPECT_FALSE(association.isAssociated()) << "the default line alone";
-}
-
 } // namespace

@@ -122,12 +122,6 @@ TEST_F(ModTest, LintChecksThePhrasesAgainstTheSpeechFileBeside) {
                  {"001.npc:-:-:warning:речевой файл 001.EDT не прочитан: "});
 }
 
-TEST(NumberRanges, JoinRuns) {
-    EXPECT_EQ(numberRanges({}), "");
-    EXPECT_EQ(numberRanges({4}), "4");
-    EXPECT_EQ(numberRanges({1, 2, 3, 5, 7, 8}), "1-3, 5, 7-8");
-}
-
 TEST_F(ModTest, LintOfManyScriptsKeepsFileOrderWhateverTheThreads) {
     std::vector<fs::path> scripts;
     for (int i = 0; i < 60; ++i)

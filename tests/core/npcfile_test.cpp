@@ -68,28 +68,6 @@ TEST(NpcFileChange, ChangedOnlyWhileTheBytesDifferFromTheLoadedOnes) {
     EXPECT_FALSE(file.isChanged());
 }
 
-TEST(RecordBuffer, CarriesAllBytesFromOneLayoutIntoTheOtherAndOutlivesLoads) {
-    auto ubBytes = npcformat::FileBytes{};
-    for (std::size_t i = 0; i < 32; ++i)
-        ubBytes[32 * 7 + i] = static_cast<std::uint8_t>(i + 100);
-    NpcFile ub = NpcFile::fromBytes(ubBytes, "u.npc");
-    RecordBuffer buffer;
-    EXPECT_FALSE(buffer.isFilled());
-    NpcFile ja = NpcFile::fromBytes(
-        npcformat::convertLayout(npcformat::FileBytes{}, NpcFileType::Ja).value(), "j.npc");
-    buffer.copy(ub.record(7));
-    ub = NpcFile::makeNew(); // the source document is gone
-    ja.setRecord(48, *buffer.record());
-    EXPECT_EQ(ja.record(48)[0], 100);
-    EXPECT_EQ(ja.record(48)[31], 131);
-    EXPECT_TRUE(ja.isChanged());
-    // An empty record copied counts as filled; pasting it clears one.
-    buffer.copy(ub.record(0));
-    EXPECT_TRUE(buffer.isFilled());
-    ja.setRecord(48, *buffer.record());
-    EXPECT_FALSE(ja.isChanged());
-}
-
 TEST(NpcFileSave, ASaveWritesTheLayoutItsBytesSayAndReadsItBack) {
     TempDir dir;
     auto ub = testutil::patternBytes(1600, 11), ja = testutil::jaBytes();
@@ -137,16 +115,6 @@ TEST(NpcFileSearch, FirstAndLastNonEmptyPositions) {
         EXPECT_EQ(file.firstNonEmptyPosition(), c.first) << c.filled.size();
         EXPECT_EQ(file.lastNonEmptyPosition(), c.last) << c.filled.size();
     }
-}
-
-TEST(NpcFileTexts, SummaryAndRefusalsAreTheSharedWords) {
-    NpcFile file = NpcFile::fromBytes(
-        npcformat::convertLayout(npcformat::FileBytes{}, NpcFileType::Ja).value(), "j.npc");
-    file.setRecord(4, kNeutralRecord);
-    EXPECT_EQ(file.summary(), "Тип файла:\nАгония Власти\nЗаписей: 1");
-    EXPECT_EQ(file.positionRefusal("\"50\""), "Записи \"50\" в файле нет: записи с 1 по 49.");
-    EXPECT_EQ(file.recordAt(50), nullptr);
-    EXPECT_EQ(file.recordAt(5), &file.record(4));
 }
 
 // Replays a history against a document the way the session does and checks the

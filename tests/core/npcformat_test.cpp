@@ -57,17 +57,6 @@ TEST(ConvertLayout, UbToJaAndBackKeeps49RecordsAndCutsRecord50) {
               (std::vector<std::uint8_t>{0, 0, 0, 0}));
 }
 
-TEST(ConvertLayout, SameLayoutIsRefused) {
-    for (auto source :
-         {toFileBytes(testutil::patternBytes(1600)), toFileBytes(testutil::jaBytes())}) {
-        auto result = convertLayout(source, detectType(source));
-        ASSERT_FALSE(result);
-        EXPECT_EQ(result.error().kind, ErrorKind::Invalid);
-        EXPECT_NE(result.error().message.find(std::string(typeText(detectType(source)))),
-                  std::string::npos);
-    }
-}
-
 TEST(ConversionLoss, NamesWhatTheOtherLayoutCannotHold) {
     struct Case {
         const char* name;
@@ -105,20 +94,6 @@ TEST(ConversionLoss, NamesWhatTheOtherLayoutCannotHold) {
         ASSERT_TRUE(converted);
         EXPECT_EQ(detectType(*converted) == to, !loss || to == NpcFileType::Ja);
     }
-}
-
-TEST(ConvertFile, OntoItselfRewritesTheFileInTheOtherLayout) {
-    TempDir dir;
-    const auto path = dir / "self.npc";
-    const auto original = testutil::patternBytes(1600, 2);
-    testutil::writeBytes(path, original);
-    auto from = convertFile(path, path, NpcFileType::Ja);
-    ASSERT_TRUE(from);
-    EXPECT_EQ(*from, NpcFileType::Ub);
-    const auto written = testutil::readBytes(path);
-    ASSERT_EQ(written.size(), 1600u);
-    EXPECT_EQ(detectType(written), NpcFileType::Ja);
-    EXPECT_TRUE(std::equal(original.begin(), original.begin() + 1596, written.begin() + 4));
 }
 
 TEST(ConvertFile, RefusedSourceWritesNothing) {

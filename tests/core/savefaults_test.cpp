@@ -37,61 +37,6 @@ std::vector<fs::path> entries(const fs::path& folder) {
     return found;
 }
 
-TEST(SaveFaults, TheTargetIsReplacedWholeOrNotAtAll) {
-    struct Case {
-        const char* name;
-        // Prepares the folder and gives the target.
-        fs::path (*prepare)(const fs::path& dir);
-        bool saved;
-    };
-    const std::vector<std::uint8_t> old(1600, 7);
-    static std::vector<std::uint8_t> kept;
-    kept = old;
-    const Case cases[] = {
-        {"a read-only target",
-         [](const fs::path& dir) {
-             testutil::writeBytes(dir / "t.npc", kept);
-             fs::permissions(dir / "t.npc", fs::perms::owner_read | fs::perms::group_read);
-             return dir / "t.npc";
-         },
-         true},
-        {"a folder in place of the file",
-         [](const fs::path& dir) {
-             fs::create_directory(dir / "t.npc");
-             testutil::writeBytes(dir / "t.npc" / "inside", kept);
-             return dir / "t.npc";
-         },
-         false},
-        {"a file where the folder should be",
-         [](const fs::path& dir) {
-             testutil::writeBytes(dir / "plain", kept);
-             return dir / "plain" / "t.npc";
-         },
-         false},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        testutil::TempDir dir;
-        const fs::path target = c.prepare(dir.path());
-        const auto before = entries(dir.path());
-        const auto saved = platform::writeFileAtomic(target, std::string(1600, '\x09'));
-        EXPECT_EQ(bool(saved), c.saved) << (saved ? "" : saved.error().message);
-        EXPECT_EQ(entries(dir.path()), before) << "no stray file";
-        if (c.saved) {
-            EXPECT_EQ(testutil::readBytes(target), std::vector<std::uint8_t>(1600, 9));
-        } else {
-            EXPECT_EQ(saved.error().kind, ErrorKind::Write);
-            EXPECT_NE(saved.error().message.find(platform::utf8(target)), std::string::npos)
-                << saved.error().message;
-            for (const auto& entry : fs::recursive_directory_iterator(dir.path())) {
-                if (entry.is_regular_file()) {
-                    EXPECT_EQ(testutil::readBytes(entry.path()), kept) << entry.path();
-                }
-            }
-        }
-    }
-}
-
 // ------------------------------------------------------------ every save path, every step
 
 // The failures the seam plants, with the Russian cause each message must give.

@@ -41,7 +41,6 @@ void DialogsTest::filterListShowsTheTextsExactly_data() {
     QTest::addColumn<QStringList>("texts");
     QTest::addColumn<QStringList>("patterns");
     QTest::newRow("open") << QStringList{"*.npc", "все файлы (*.*)"} << QStringList{"*.npc", "*"};
-    QTest::newRow("save as") << QStringList{"*.NPC", "Все файлы"} << QStringList{"*.npc", "*"};
     QTest::newRow("layouts") << QStringList{"Buka: АВ", "Ja2:eng.,UB:eng.&rus."}
                              << QStringList{"*.npc", "*.npc"};
 }

