@@ -3,6 +3,7 @@
 #include "core/codelists/embedded.h"
 #include "core/platform/files.h"
 #include "core/platform/process.h"
+#include "core/text/escape.h"
 #include "core/text/lines.h"
 
 #include <algorithm>
@@ -17,24 +18,16 @@ constexpr std::string_view kDefaultGroup = "[Default Applications]";
 // Characters that make an argument of an Exec value need quotes.
 constexpr std::string_view kReserved = " \t\n\"'\\><~|&;$*?#()`";
 
-std::string_view trim(std::string_view s) {
-    const auto first = s.find_first_not_of(" \t");
-    if (first == std::string_view::npos)
-        return {};
-    const auto last = s.find_last_not_of(" \t");
-    return s.substr(first, last - first + 1);
-}
-
 // The key of a "key=value" line and its value, blanks around "=" dropped.
 std::optional<std::pair<std::string_view, std::string_view>> keyAndValue(std::string_view line) {
-    const auto equals = line.find('=');
-    if (equals == std::string_view::npos || trim(line).starts_with('#'))
+    const auto pair = text::splitAtEquals(line);
+    if (!pair || text::trimmed(line).starts_with('#'))
         return std::nullopt;
-    return std::pair{trim(line.substr(0, equals)), trim(line.substr(equals + 1))};
+    return std::pair{text::trimmed(pair->key), text::trimmed(pair->value)};
 }
 
 bool isGroupHeader(std::string_view line) {
-    return trim(line).starts_with('[');
+    return text::trimmed(line).starts_with('[');
 }
 
 // Undoes the escapes of a string value: \s \n \t \r \\.
@@ -68,29 +61,6 @@ std::string unescapeString(std::string_view value) {
     return out;
 }
 
-std::string escapeString(std::string_view value) {
-    std::string out;
-    for (char c : value) {
-        switch (c) {
-        case '\\':
-            out += "\\\\";
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        default:
-            out += c;
-        }
-    }
-    return out;
-}
-
 } // namespace
 
 std::string execValue(const fs::path& program) {
@@ -106,7 +76,7 @@ std::string execValue(const fs::path& program) {
         }
         argument = quoted + '"';
     }
-    return escapeString(argument) + " %f";
+    return text::backslashEscaped(argument) + " %f";
 }
 
 std::optional<fs::path> programOfExec(std::string_view value) {
@@ -157,7 +127,7 @@ std::optional<std::string> keyValue(std::string_view text, std::string_view grou
     bool inGroup = false;
     for (auto line : text::splitLines(text)) {
         if (isGroupHeader(line)) {
-            const auto header = trim(line);
+            const auto header = text::trimmed(line);
             inGroup = header.size() == group.size() + 2 && header.substr(1, group.size()) == group;
         } else if (const auto pair = keyAndValue(line); inGroup && pair && pair->first == key) {
             return std::string(pair->second);
@@ -180,7 +150,7 @@ std::string withDefault(std::string_view text, std::string_view mimeType,
     bool inDefault = false;
     for (auto line : lines) {
         if (isGroupHeader(line))
-            inDefault = trim(line) == kDefaultGroup;
+            inDefault = text::trimmed(line) == kDefaultGroup;
         else
             present = present || isEntry(line, inDefault);
     }
@@ -190,7 +160,7 @@ std::string withDefault(std::string_view text, std::string_view mimeType,
     inDefault = false;
     for (auto line : lines) {
         if (isGroupHeader(line)) {
-            inDefault = trim(line) == kDefaultGroup;
+            inDefault = text::trimmed(line) == kDefaultGroup;
             out += std::string(line) + '\n';
             if (inDefault && !present && !placed) {
                 out += entry + '\n';
@@ -218,14 +188,14 @@ std::optional<std::string> defaultOf(std::string_view text, std::string_view mim
     bool inDefault = false;
     for (auto line : text::splitLines(text)) {
         if (isGroupHeader(line)) {
-            inDefault = trim(line) == kDefaultGroup;
+            inDefault = text::trimmed(line) == kDefaultGroup;
             continue;
         }
         const auto pair = keyAndValue(line);
         if (!inDefault || !pair || pair->first != mimeType)
             continue;
         const auto value = pair->second;
-        const auto first = trim(value.substr(0, value.find(';')));
+        const auto first = text::trimmed(value.substr(0, value.find(';')));
         return first.empty() ? std::nullopt : std::optional<std::string>(first);
     }
     return std::nullopt;

@@ -40,12 +40,12 @@ const Table& builtInTable(ListKey key) {
 std::map<std::uint32_t, std::string> codeTable(std::string_view data) {
     std::map<std::uint32_t, std::string> table;
     for (std::string_view line : text::splitLines(data)) {
-        const auto eq = line.find('=');
-        if (eq == std::string_view::npos)
+        const auto pair = text::splitAtEquals(line);
+        if (!pair)
             continue;
         std::uint32_t code = 0;
-        std::from_chars(line.data(), line.data() + eq, code);
-        table.emplace(code, std::string(line.substr(eq + 1)));
+        std::from_chars(pair->key.data(), pair->key.data() + pair->key.size(), code);
+        table.emplace(code, std::string(pair->value));
     }
     return table;
 }

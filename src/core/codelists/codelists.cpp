@@ -120,15 +120,13 @@ CodeLists::readOverride(ListKey key, const platform::FileStatus& status) const {
             file.lines.emplace_back(raw);
     for (const std::string& raw : file.lines) {
         const std::string line = cutLine(raw, kLookupLineLimit);
-        const auto eq = line.find('=');
-        if (eq == std::string::npos)
+        const auto pair = text::splitAtEquals(line);
+        if (!pair)
             continue; // a line without "=" names nothing
-        const std::string_view code = std::string_view(line).substr(0, eq);
-        const std::uint64_t value = leadingNumber(code);
-        if (code.size() > 6 || value > kMaxWordValue)
+        const std::uint64_t value = leadingNumber(pair->key);
+        if (pair->key.size() > 6 || value > kMaxWordValue)
             continue;
-        file.texts.emplace(static_cast<std::uint32_t>(value),
-                           text::cp1251ToUtf8(std::string_view(line).substr(eq + 1)));
+        file.texts.emplace(static_cast<std::uint32_t>(value), text::cp1251ToUtf8(pair->value));
     }
     return &(cache_[key] = std::move(file));
 }
@@ -171,12 +169,12 @@ ListRows CodeLists::rows(ListKey key) const {
     for (const std::string& raw : file->lines) {
         const std::string line = cutLine(raw, kListLineLimit);
         std::string_view rowText = line;
-        if (const auto eq = line.find('='); eq != std::string::npos) {
-            const auto number = wholeNumber(std::string_view(line).substr(0, eq));
-            if (eq > 6 || !number || *number > kMaxWordValue)
+        if (const auto pair = text::splitAtEquals(line)) {
+            const auto number = wholeNumber(pair->key);
+            if (pair->key.size() > 6 || !number || *number > kMaxWordValue)
                 continue;
             code = static_cast<std::uint32_t>(*number);
-            rowText = std::string_view(line).substr(eq + 1);
+            rowText = pair->value;
         }
         if (result.rows.size() == kRowLimit) {
             std::string shown(rowText);
@@ -204,9 +202,8 @@ std::string CodeLists::characterNameForTitle(const std::string& title) const {
         const std::string key = std::to_string(number);
         for (const std::string& raw : file->lines) {
             const std::string line = cutLine(raw, kListLineLimit);
-            const auto eq = line.find('=');
-            if (eq != std::string::npos && line.compare(0, eq, key) == 0 && eq == key.size())
-                return text::cp1251ToUtf8(std::string_view(line).substr(eq + 1));
+            if (const auto pair = text::splitAtEquals(line); pair && pair->key == key)
+                return text::cp1251ToUtf8(pair->value);
         }
         return title;
     }

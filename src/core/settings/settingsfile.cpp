@@ -149,10 +149,10 @@ void applySettingsText(std::string_view text, Settings& s, const ScreenTwips& sc
         if (line.empty() || line.front() == ';' || line.front() == '[')
             continue;
         line = line.substr(0, kLineLimit);
-        for (std::size_t k = 0; k < kKeyCount; ++k) {
-            const std::string_view key = kKeys[k].second;
-            if (line.size() > key.size() && line.starts_with(key) && line[key.size()] == '=') {
-                values[k] = line.substr(key.size() + 1);
+        const auto pair = text::splitAtEquals(line);
+        for (std::size_t k = 0; pair && k < kKeyCount; ++k) {
+            if (pair->key == kKeys[k].second) {
+                values[k] = pair->value;
                 break;
             }
         }

@@ -4,6 +4,7 @@
 #include "core/platform/files.h"
 #include "core/speech/edtfile.h"
 #include "core/text/cp1251.h"
+#include "core/text/lines.h"
 #include "core/text/numbers.h"
 
 #include <array>
@@ -27,13 +28,6 @@ constexpr std::array<std::string_view, 10> kFiring = {
     "Запись сработает: только один раз в день!",
     "Запись сработает: всегда!",
 };
-
-std::string_view trim(std::string_view s) {
-    const auto first = s.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return s.substr(first, s.find_last_not_of(' ') - first + 1);
-}
 
 } // namespace
 
@@ -67,7 +61,7 @@ std::vector<std::string> wrapText(std::string_view text, std::size_t width) {
     if (!line.empty())
         lines.push_back(line);
     for (auto& l : lines)
-        l = std::string(trim(l));
+        l = std::string(text::trimmed(l));
     return lines;
 }
 

@@ -3,6 +3,7 @@
 #include "core/speech/decompiler.h"
 #include "core/speech/edtfile.h"
 #include "core/text/cp1251.h"
+#include "core/text/escape.h"
 #include "core/text/json.h"
 #include "core/text/lines.h"
 #include "core/text/numbers.h"
@@ -150,29 +151,7 @@ private:
 // ------------------------------------------------------------------ gettext
 
 std::string poEscaped(std::string_view utf8) {
-    std::string out = "\"";
-    for (char c : utf8) {
-        switch (c) {
-        case '"':
-            out += "\\\"";
-            break;
-        case '\\':
-            out += "\\\\";
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        default:
-            out += c;
-        }
-    }
-    return out + "\"";
+    return '"' + text::backslashEscaped(utf8, "\"") + '"';
 }
 
 // The text of a quoted PO string (without its quotes), escapes undone.

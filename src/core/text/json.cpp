@@ -1,6 +1,7 @@
 #include "core/text/json.h"
 
 #include "core/text/cp1251.h"
+#include "core/text/escape.h"
 
 namespace parlex::text {
 
@@ -25,35 +26,21 @@ std::string jsonString(std::string_view s) {
             run = ++i;
             continue;
         }
-        if (c >= 0x20 && c != '"' && c != '\\') {
+        if (c >= 0x20 && !needsEscape(static_cast<char>(c), "\"")) {
             ++i;
             continue;
         }
         out.append(s.substr(run, i - run));
         run = ++i;
-        switch (c) {
-        case '"':
-            out += "\\\"";
-            break;
-        case '\\':
-            out += "\\\\";
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        default: {
-            static constexpr char digits[] = "0123456789abcdef";
-            out += "\\u00";
-            out += digits[c >> 4];
-            out += digits[c & 0xF];
+        if (c >= 0x20 || needsEscape(static_cast<char>(c), {})) {
+            appendEscaped(out, static_cast<char>(c), "\"");
+            continue;
         }
-        }
+        // Other control characters by their code point.
+        static constexpr char digits[] = "0123456789abcdef";
+        out += "\\u00";
+        out += digits[c >> 4];
+        out += digits[c & 0xF];
     }
     out.append(s.substr(run));
     return out + '"';

@@ -17,6 +17,13 @@ std::vector<std::string_view> splitLines(std::string_view text) {
     return lines;
 }
 
+std::optional<KeyValue> splitAtEquals(std::string_view line) {
+    const auto equals = line.find('=');
+    if (equals == std::string_view::npos)
+        return std::nullopt;
+    return KeyValue{line.substr(0, equals), line.substr(equals + 1)};
+}
+
 std::string_view trimmed(std::string_view text) {
     const auto blank = [](char c) { return c == ' ' || c == '\t'; };
     while (!text.empty() && blank(text.front()))
