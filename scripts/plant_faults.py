@@ -54,7 +54,7 @@ FAULTS = [
     ("explain-leadership", "core", "leadership 100 is called impossible",
      "if (v_ > 100)", "if (v_ >= 100)"),
     ("explain-jump-ja", "core", "a ja script may jump to record 50",
-     "v_ > 48)", "v_ > 49)"),
+     "v_ >= kJaRecords)", "v_ > kJaRecords)"),
     ("phrase-word-11", "core", "'11 фраз' becomes '11 фразу'",
      "if (count > 10 && count < 20)", "if (count > 11 && count < 20)"),
     ("entry-byte-255", "core", "the byte editor refuses 255 (the greatest value)",

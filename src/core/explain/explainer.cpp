@@ -284,9 +284,9 @@ private:
     Explanation jumpRecord() const {
         if (v_ == kNoByte)
             return normal("Запись не передает управление");
-        if (ctx_.fileType == NpcFileType::Ja && v_ > 48)
+        if (ctx_.fileType == NpcFileType::Ja && v_ >= kJaRecords)
             return beyond("Файл формата \"Агонии власти\" может иметь максимум 49 (0-48) записей!");
-        if (ctx_.fileType == NpcFileType::Ub && v_ > 49)
+        if (ctx_.fileType == NpcFileType::Ub && v_ >= kUbRecords)
             return beyond("Может быть не более 50 (0-49) записей по 32 байта!");
         return normal([&] { return "Управление передается на запись №_" + str(v_ + 1); });
     }
