@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     // Read once before the window shows, written once at the end: a crash keeps
     // the settings of the last run that ended.
     const auto settingsFile = parlex::locations(parlex::platform::programDir()).settingsFile;
-    parlex::gui::restoreWindow(window, settingsFile);
+    parlex::gui::restoreWindow(window.settingsParts(), settingsFile);
     QStringList arguments = QApplication::arguments();
     arguments.removeFirst();
     if (!window.session().start(arguments,
@@ -34,6 +34,6 @@ int main(int argc, char** argv) {
         return 0;
     window.show();
     const int status = QApplication::exec();
-    parlex::gui::saveWindow(window, settingsFile);
+    parlex::gui::saveWindow(window.settingsParts(), settingsFile);
     return status;
 }

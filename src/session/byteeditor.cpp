@@ -12,9 +12,6 @@ const EditableField& rowField(int row) {
     return editableFields()[static_cast<std::size_t>(row)];
 }
 
-// Bytes 29-32 are one field on the grid: the help text and the mark are theirs.
-constexpr int kSharedHelpField = fields::Spare29;
-
 } // namespace
 
 std::optional<ByteEditor> ByteEditor::open(Session& session, std::optional<int> byteIndex) {
@@ -26,9 +23,7 @@ std::optional<ByteEditor> ByteEditor::open(Session& session, std::optional<int> 
 
 ByteEditor::ByteEditor(Session& session, int byteIndex)
     : session_(&session), recordIndex_(session.cursor().position() - 1),
-      copy_(*session.cursor().currentRecord()),
-      hoverMode_(session.cursor().mark() == FieldMark::Hover &&
-                 fieldAt(session.cursor().markedByte()).contains(byteIndex)) {
+      copy_(*session.cursor().currentRecord()) {
     // The field under the byte is chosen once by the program; the user goes on from it.
     selectRow(entry::rowOfByte(byteIndex));
 }
@@ -50,10 +45,6 @@ FieldWidth ByteEditor::mode() const {
     return rowField(row_).width;
 }
 
-int ByteEditor::helpField() const {
-    return std::min(field(), kSharedHelpField);
-}
-
 std::string ByteEditor::caption() const {
     return "Запись " + text::zeroPadded(static_cast<unsigned>(recordIndex_ + 1), 2) + " : " +
            entry::rowText(rowField(row_));
@@ -71,13 +62,10 @@ std::uint32_t ByteEditor::currentValue() const {
     return value;
 }
 
-// The mark and the explanation on the main window follow the chosen field, the way
-// the grid was working when the editor opened: following the mouse, or pinned.
+// The mark, the help and the explanation on the main window follow the chosen
+// field, the way the grid works: following the mouse, or pinned.
 void ByteEditor::refreshGrid() {
-    if (hoverMode_)
-        session_->cursor().hover(field());
-    else
-        session_->cursor().press(field(), false);
+    session_->cursor().showByte(field());
 }
 
 // ---------------------------------------------------------------- the entry

@@ -36,7 +36,6 @@ public:
     int row() const { return row_; }
     int field() const;              // the index of the chosen field's first byte
     FieldWidth mode() const;        // Byte or Word: which of the two buttons is enabled
-    int helpField() const;          // bytes 29-32 share one help text
     std::string caption() const;    // "Запись 05 : Байты 21-22"
     std::string currentHex() const; // the field in the copy: "0C 01"
     std::uint32_t currentValue() const;
@@ -78,7 +77,6 @@ private:
     Session* session_;
     int recordIndex_;
     NpcRecord copy_;
-    bool hoverMode_; // the main window was following the mouse at opening
     int row_ = 0;
     std::string entry_;
     bool outOfRange_ = false;

@@ -76,11 +76,14 @@ void RecordCursor::recordChanged(int index) {
 }
 
 void RecordCursor::refresh() {
-    const int byte = positionByte_.value_or(0);
+    showByte(positionByte_.value_or(0));
+}
+
+void RecordCursor::showByte(int byteIndex) {
     if (pinned_)
-        press(byte, false);
+        press(byteIndex, false);
     else
-        hover(byte);
+        hover(byteIndex);
 }
 
 void RecordCursor::showNoRecord() {

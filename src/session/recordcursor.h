@@ -64,8 +64,11 @@ public:
     // The sentence about the field shown, or "Запись не существует".
     Explanation explanation() const;
 
-    // Shows the record at the position again, at the byte of the position text: the
-    // pin moves there if a field is pinned, else the field is shown as under the mouse.
+    // Shows byte `byteIndex` of the current record the way the grid works now: the
+    // pin moves there while a field is pinned, else the field is shown as under the
+    // mouse. The byte editor shows the field it edits so.
+    void showByte(int byteIndex);
+    // Shows the record at the position again, at the byte of the position text.
     void refresh();
 
 signals:

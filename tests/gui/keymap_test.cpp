@@ -3,8 +3,8 @@
 
 #include <QTest>
 
-using parlex::gui::KeyAction;
-using parlex::gui::keyAction;
+using parlex::gui::Command;
+using parlex::gui::keyCommand;
 using parlex::gui::KeySource;
 using parlex::gui::latinKey;
 
@@ -35,60 +35,60 @@ void KeyMapTest::recordKeysNeedAnOpenScript() {
     const struct {
         int key;
         Qt::KeyboardModifiers mods;
-        KeyAction open;
+        Command open;
     } cases[] = {
-        {Qt::Key_Slash, Pad, KeyAction::FirstRecord},
-        {Qt::Key_Asterisk, Pad | Shift, KeyAction::LastRecord},
-        {Qt::Key_S, Alt, KeyAction::Save},
-        {Qt::Key_C, Alt, KeyAction::Copy},
-        {Qt::Key_Period, Pad | Ctrl, KeyAction::DeleteStandard},
-        {Qt::Key_Period, Pad, KeyAction::Delete},
-        {Qt::Key_Plus, Pad | Ctrl, KeyAction::ForwardFive},
-        {Qt::Key_Plus, Pad, KeyAction::Next},
-        {Qt::Key_Minus, Pad | Ctrl, KeyAction::BackFive},
+        {Qt::Key_Slash, Pad, Command::FirstRecord},
+        {Qt::Key_Asterisk, Pad | Shift, Command::LastRecord},
+        {Qt::Key_S, Alt, Command::Save},
+        {Qt::Key_C, Alt, Command::Copy},
+        {Qt::Key_Period, Pad | Ctrl, Command::DeleteStandard},
+        {Qt::Key_Period, Pad, Command::Delete},
+        {Qt::Key_Plus, Pad | Ctrl, Command::ForwardFive},
+        {Qt::Key_Plus, Pad, Command::Next},
+        {Qt::Key_Minus, Pad | Ctrl, Command::BackFive},
     };
     for (const auto& c : cases) {
-        QCOMPARE(keyAction(c.key, c.mods, true), c.open);
-        QCOMPARE(keyAction(c.key, c.mods, false), KeyAction::None);
+        QCOMPARE(keyCommand(c.key, c.mods, true), c.open);
+        QCOMPARE(keyCommand(c.key, c.mods, false), Command::None);
     }
     // Keys that always work.
-    QCOMPARE(keyAction(Qt::Key_F1, Ctrl, false), KeyAction::SpeechInfo);
-    QCOMPARE(keyAction(Qt::Key_F2, Ctrl, false), KeyAction::SpeechSaveAs);
-    QCOMPARE(keyAction(Qt::Key_F3, Ctrl, true), KeyAction::PopupMenu);
-    QCOMPARE(keyAction(Qt::Key_X, Alt, false), KeyAction::Exit);
+    QCOMPARE(keyCommand(Qt::Key_F1, Ctrl, false), Command::SpeechInfo);
+    QCOMPARE(keyCommand(Qt::Key_F2, Ctrl, false), Command::SpeechSaveAs);
+    QCOMPARE(keyCommand(Qt::Key_F3, Ctrl, true), Command::PopupMenu);
+    QCOMPARE(keyCommand(Qt::Key_X, Alt, false), Command::Exit);
 }
 
 void KeyMapTest::numericPadIsToldApartFromOtherKeys() {
     const struct {
         int numLockOn, numLockOff;
-        KeyAction action;
+        Command action;
     } pad[] = {
-        {Qt::Key_7, Qt::Key_Home, KeyAction::PhraseHome},
-        {Qt::Key_4, Qt::Key_Left, KeyAction::PhraseBack},
-        {Qt::Key_6, Qt::Key_Right, KeyAction::PhraseNext},
-        {Qt::Key_1, Qt::Key_End, KeyAction::PhraseEnd},
-        {Qt::Key_3, Qt::Key_PageDown, KeyAction::PhraseFirstFilled},
-        {Qt::Key_9, Qt::Key_PageUp, KeyAction::PhraseLastFilled},
+        {Qt::Key_7, Qt::Key_Home, Command::PhraseHome},
+        {Qt::Key_4, Qt::Key_Left, Command::PhraseBack},
+        {Qt::Key_6, Qt::Key_Right, Command::PhraseNext},
+        {Qt::Key_1, Qt::Key_End, Command::PhraseEnd},
+        {Qt::Key_3, Qt::Key_PageDown, Command::PhraseFirstFilled},
+        {Qt::Key_9, Qt::Key_PageUp, Command::PhraseLastFilled},
     };
     for (const auto& p : pad) {
-        QCOMPARE(keyAction(p.numLockOn, Pad, true), p.action);
-        QCOMPARE(keyAction(p.numLockOff, Pad, false), p.action);
+        QCOMPARE(keyCommand(p.numLockOn, Pad, true), p.action);
+        QCOMPARE(keyCommand(p.numLockOff, Pad, false), p.action);
         // The same keys off the pad belong to the text.
-        QCOMPARE(keyAction(p.numLockOn, Qt::NoModifier, true), KeyAction::None);
-        QCOMPARE(keyAction(p.numLockOff, Qt::NoModifier, true), KeyAction::None);
+        QCOMPARE(keyCommand(p.numLockOn, Qt::NoModifier, true), Command::None);
+        QCOMPARE(keyCommand(p.numLockOff, Qt::NoModifier, true), Command::None);
     }
     for (int digit : {Qt::Key_2, Qt::Key_5, Qt::Key_8, Qt::Key_0})
-        QCOMPARE(keyAction(digit, Pad, true), KeyAction::None);
-    QCOMPARE(keyAction(Qt::Key_Plus, Qt::NoModifier, true), KeyAction::None);
-    QCOMPARE(keyAction(Qt::Key_Delete, Qt::NoModifier, true), KeyAction::None);
+        QCOMPARE(keyCommand(digit, Pad, true), Command::None);
+    QCOMPARE(keyCommand(Qt::Key_Plus, Qt::NoModifier, true), Command::None);
+    QCOMPARE(keyCommand(Qt::Key_Delete, Qt::NoModifier, true), Command::None);
 }
 
 void KeyMapTest::f2SavesOnlyWithoutModifiers() {
-    QCOMPARE(keyAction(Qt::Key_F2, Qt::NoModifier, true), KeyAction::Save);
-    QCOMPARE(keyAction(Qt::Key_F2, Shift, true), KeyAction::None);
-    QCOMPARE(keyAction(Qt::Key_F2, Ctrl | Shift, true), KeyAction::None);
-    QCOMPARE(keyAction(Qt::Key_F2, Ctrl, true), KeyAction::SpeechSaveAs);
-    QCOMPARE(keyAction(Qt::Key_S, Alt | Shift, true), KeyAction::None);
+    QCOMPARE(keyCommand(Qt::Key_F2, Qt::NoModifier, true), Command::Save);
+    QCOMPARE(keyCommand(Qt::Key_F2, Shift, true), Command::None);
+    QCOMPARE(keyCommand(Qt::Key_F2, Ctrl | Shift, true), Command::None);
+    QCOMPARE(keyCommand(Qt::Key_F2, Ctrl, true), Command::SpeechSaveAs);
+    QCOMPARE(keyCommand(Qt::Key_S, Alt | Shift, true), Command::None);
 }
 
 void KeyMapTest::lettersAreTakenByTheirPlaceOnTheKeyboard_data() {

@@ -1,6 +1,6 @@
 // The options dialog as the user works it, the program's pictures, and help.
 #include "core/association/registryassociation.h"
-#include "gui/mainwindow/statuspanels.h"
+#include "gui/app/statuspanels.h"
 #include "gui/settings/optionsdialog.h"
 #include "memoryregistry.h"
 #include "windowtest.h"

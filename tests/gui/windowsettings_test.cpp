@@ -31,7 +31,7 @@ private:
 
 void WindowSettingsTest::aFirstStartIsCentred() {
     MainWindow fresh(f->prompts, f->dir.path());
-    restoreWindow(fresh, f->dir / "none.ini");
+    restoreWindow(fresh.settingsParts(), f->dir / "none.ini");
     fresh.show();
     QVERIFY(QTest::qWaitForWindowExposed(&fresh));
     QCoreApplication::processEvents();
@@ -58,11 +58,11 @@ void WindowSettingsTest::aStartAfterARunBringsItAllBack() {
     const int helpBar = bar(win(), "Pic3");
     const int paneBar = bar(win(), "Pic1");
     const auto file = f->dir / "Parlex.ini";
-    saveWindow(win(), file);
+    saveWindow(win().settingsParts(), file);
     QVERIFY(std::filesystem::exists(file));
 
     MainWindow next(f->prompts, f->dir.path());
-    restoreWindow(next, file);
+    restoreWindow(next.settingsParts(), file);
     next.show();
     QVERIFY(QTest::qWaitForWindowExposed(&next));
     QCoreApplication::processEvents();

@@ -2,10 +2,9 @@
 
 #include "core/entry/numberentry.h"
 #include "gui/app/closeanimation.h"
+#include "gui/app/keyboard.h"
 #include "gui/app/placement.h"
-#include "gui/mainwindow/keymap.h"
-#include "gui/mainwindow/mainwindow.h"
-#include "gui/mainwindow/menus.h"
+#include "gui/codes/codelistpane.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -45,13 +44,14 @@ void setTextColour(QWidget* widget, QPalette::ColorRole role, const QColor& colo
 
 } // namespace
 
-EditDialog::EditDialog(MainWindow& main, session::ByteEditor editor)
-    : QDialog(&main), main_(main), editor_(std::move(editor)) {
+EditDialog::EditDialog(session::Session& session, session::UserPrompts& prompts,
+                       CodeListPane& codes, session::ByteEditor editor, QWidget* parent)
+    : QDialog(parent), session_(session), prompts_(prompts), codes_(codes),
+      editor_(std::move(editor)) {
     setObjectName("Edit");
     build();
     // A document replaced behind the dialog (reloaded from disk) has other records.
-    connect(&main_.session().document(), &session::ScriptDocument::replaced, this,
-            &QDialog::reject);
+    connect(&session_.document(), &session::ScriptDocument::replaced, this, &QDialog::reject);
     takeListPosition();
     for (int row = 0; row < static_cast<int>(editableFields().size()); ++row)
         list_->addItem(q(entry::rowText(editableFields()[static_cast<std::size_t>(row)])));
@@ -60,11 +60,10 @@ EditDialog::EditDialog(MainWindow& main, session::ByteEditor editor)
         const QSignalBlocker busy(list_); // the first choice is the program's, made once
         list_->setCurrentRow(editor_.row());
     }
-    main_.showFieldHelp(editor_.helpField());
     showModel();
     adjustSize();
-    const QScreen* screen = main_.screen();
-    move(centredOver(main_.frameGeometry(), frameSize(),
+    const QScreen* screen = parent->screen();
+    move(centredOver(parent->frameGeometry(), frameSize(),
                      screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768)));
 }
 
@@ -153,7 +152,7 @@ void EditDialog::build() {
     popup_->setObjectName("nPopUp");
     for (std::size_t i = 0; i < kListMenus.size(); ++i) {
         const ListMenu& menu = kListMenus[i];
-        QAction* action = popup_->addAction(main_.menuCaption(menu.name));
+        QAction* action = popup_->addAction(menu.caption);
         action->setObjectName("n" + QString::number(i + 1));
         connect(action, &QAction::triggered, this, [this, key = menu.key] { showCodes(key); });
     }
@@ -193,12 +192,7 @@ void EditDialog::build() {
     connect(replace_, &QPushButton::clicked, this, &EditDialog::replace);
     connect(apply_, &QPushButton::clicked, this, &EditDialog::apply);
     connect(close_, &QPushButton::clicked, this, &QDialog::reject);
-    connect(scroll_, &QScrollBar::valueChanged, this, [this](int row) {
-        QListWidget* codes = main_.codeList();
-        codes->setCurrentRow(row);
-        if (QListWidgetItem* item = codes->item(row))
-            codes->scrollToItem(item, QAbstractItemView::PositionAtTop);
-    });
+    connect(scroll_, &QScrollBar::valueChanged, &codes_, &CodeListPane::showRow);
 
     // Every control reports its mouse moves (the hover look of Lbl4, Lbl5 and Img)
     // and its keys (F3-F9, B and W, whichever control has the focus).
@@ -236,13 +230,12 @@ void EditDialog::selectRow(int row) {
     if (row < 0)
         return;
     editor_.selectRow(row);
-    main_.showFieldHelp(editor_.helpField());
     showModel();
 }
 
 void EditDialog::entryEdited(const QString& text) {
     if (!editor_.setEntry(text.toStdString()))
-        main_.prompts().beep(); // no number at all: the text is gone
+        prompts_.beep(); // no number at all: the text is gone
     showModel();
 }
 
@@ -250,13 +243,12 @@ void EditDialog::encode(FieldWidth mode) {
     word_->setChecked(false);
     byte_->setChecked(false);
     if (editor_.encode(mode) == session::ByteEditor::Encoding::Refused)
-        main_.prompts().beep();
+        prompts_.beep();
     showModel();
 }
 
 void EditDialog::replace() {
     editor_.replace();
-    main_.showFieldHelp(editor_.helpField());
     showModel();
 }
 
@@ -264,8 +256,8 @@ void EditDialog::apply() {
     if (!editor_.canApply())
         return;
     if (!editor_.apply()) {
-        main_.prompts().message(session::UserPrompts::Icon::Critical, kMessageTitle,
-                                "Ошибка при обновлении записи");
+        prompts_.message(session::UserPrompts::Icon::Critical, kMessageTitle,
+                         "Ошибка при обновлении записи");
         reject();
         return;
     }
@@ -276,28 +268,21 @@ void EditDialog::apply() {
 
 // At opening, VS takes its place from the list the main window already shows.
 void EditDialog::takeListPosition() {
-    QListWidget* codes = main_.codeList();
-    if (codes->count() == 0)
+    if (codes_.count() == 0)
         return;
     const QSignalBlocker quiet(scroll_);
     scroll_->setEnabled(true);
-    scroll_->setMaximum(codes->count() - 1);
-    const QModelIndexList selected = codes->selectionModel()->selectedRows();
-    int first = -1;
-    for (const QModelIndex& index : selected)
-        if (first < 0 || index.row() < first)
-            first = index.row();
-    if (first > 0)
-        scroll_->setValue(first);
+    scroll_->setMaximum(codes_.count() - 1);
+    if (const auto first = codes_.firstSelectedRow())
+        scroll_->setValue(*first);
 }
 
 void EditDialog::showCodes(ListKey key) {
-    main_.showList(key);
-    QListWidget* codes = main_.codeList();
+    codes_.showList(key);
     scroll_->setEnabled(true);
-    codes->setCurrentRow(0);
+    codes_.setCurrentRow(0);
     const QSignalBlocker quiet(scroll_);
-    scroll_->setMaximum(std::max(0, codes->count() - 1));
+    scroll_->setMaximum(std::max(0, codes_.count() - 1));
     scroll_->setValue(0);
 }
 
@@ -316,7 +301,7 @@ void EditDialog::offerMaximum(FieldWidth mode, Qt::MouseButton button) {
     if (button == Qt::LeftButton) {
         clipboard_.clearIfOurs();
         if (editor_.enterMaximum(mode) == session::ByteEditor::Encoding::Refused)
-            main_.prompts().beep();
+            prompts_.beep();
         showModel();
     } else {
         clipboard_.put(q(*offered));
@@ -404,7 +389,7 @@ bool EditDialog::eventFilter(QObject* watched, QEvent* event) {
             hoverMaximum(maxByte_, FieldWidth::Byte);
         else if (watched == image_) {
             resetHover(true);
-            image_->setToolTip(main_.session().options().toolTips ? "Смотреть коды" : QString());
+            image_->setToolTip(session_.options().toolTips ? "Смотреть коды" : QString());
         } else
             resetHover(false);
         return false;
@@ -433,7 +418,7 @@ void EditDialog::done(int result) {
     clipboard_.clearIfOurs();
     maxWord_->setToolTip({});
     maxByte_->setToolTip({});
-    if (main_.session().options().animationOff || !isVisible()) {
+    if (session_.options().animationOff || !isVisible()) {
         QDialog::done(result);
         return;
     }

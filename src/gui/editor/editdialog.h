@@ -3,6 +3,7 @@
 #include "core/codelists/listkey.h"
 #include "gui/app/clipboardguard.h"
 #include "session/byteeditor.h"
+#include "session/session.h"
 
 #include <QDialog>
 
@@ -16,15 +17,17 @@ class QScrollBar;
 
 namespace parlex::gui {
 
-class MainWindow;
+class CodeListPane;
 
 // The byte editor (Edit): one field of the current record changed by decimal entry.
 // It shows what its ByteEditor model holds and hands it what the user does; the
-// code lists it offers appear in the main window's list, which VS scrolls.
+// code lists it offers appear in the main window's code-list pane, which VS scrolls.
+// The main window shows the field chosen through the session's cursor.
 class EditDialog : public QDialog {
     Q_OBJECT
 public:
-    EditDialog(MainWindow& main, session::ByteEditor editor);
+    EditDialog(session::Session& session, session::UserPrompts& prompts, CodeListPane& codes,
+               session::ByteEditor editor, QWidget* parent);
     const session::ByteEditor& model() const { return editor_; }
 
     void done(int result) override;
@@ -49,7 +52,9 @@ private:
     bool previewKey(QKeyEvent* key);
     bool filterEntryKey(QKeyEvent* key);
 
-    MainWindow& main_;
+    session::Session& session_;
+    session::UserPrompts& prompts_;
+    CodeListPane& codes_;
     session::ByteEditor editor_;
     ClipboardGuard clipboard_; // only the numbers this dialog put there
     bool closing_ = false;

@@ -1,5 +1,6 @@
 // The dialogs the main window opens: the byte editor, the options, help and About.
 #include "core/platform/files.h"
+#include "gui/codes/codelistpane.h"
 #include "gui/editor/editdialog.h"
 #include "gui/mainwindow/mainwindow.h"
 #include "gui/settings/optionsdialog.h"
@@ -27,7 +28,7 @@ void MainWindow::openEditor(std::optional<int> byteIndex) {
     auto editor = session::ByteEditor::open(session_, byteIndex);
     if (!editor)
         return;
-    auto* dialog = new EditDialog(*this, std::move(*editor));
+    auto* dialog = new EditDialog(session_, prompts_, *codes_, std::move(*editor), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->open(); // modal; the window takes no input until it closes
 }

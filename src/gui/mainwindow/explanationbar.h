@@ -2,7 +2,7 @@
 
 #include "core/explain/explainer.h"
 
-#include "gui/mainwindow/selfplacingframe.h"
+#include "gui/app/selfplacingframe.h"
 
 namespace parlex::gui {
 

@@ -1,7 +1,5 @@
 #include "gui/mainwindow/keymap.h"
 
-#include <string>
-
 namespace parlex::gui {
 namespace {
 
@@ -42,45 +40,9 @@ int padKey(int key) {
     }
 }
 
-// The letters of the main block by XKB key code, row by row (Q W E ..., A S D ..., Z X C ...).
-constexpr struct {
-    quint32 firstCode;
-    const char* letters;
-} kX11Rows[] = {{24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}};
-
 } // namespace
 
-KeySource keySourceFor(const QString& platformName) {
-    if (platformName == "xcb" || platformName.startsWith("wayland"))
-        return KeySource::X11;
-    if (platformName == "windows")
-        return KeySource::Windows;
-    return KeySource::Other;
-}
-
-int latinKey(int key, quint32 nativeScanCode, quint32 nativeVirtualKey, KeySource source) {
-    if (key >= Qt::Key_A && key <= Qt::Key_Z)
-        return key;
-    switch (source) {
-    case KeySource::X11:
-        for (const auto& row : kX11Rows) {
-            const quint32 column = nativeScanCode - row.firstCode;
-            if (nativeScanCode >= row.firstCode &&
-                column < std::char_traits<char>::length(row.letters))
-                return Qt::Key_A + (row.letters[column] - 'A');
-        }
-        break;
-    case KeySource::Windows:
-        if (nativeVirtualKey >= 'A' && nativeVirtualKey <= 'Z')
-            return Qt::Key_A + static_cast<int>(nativeVirtualKey - 'A');
-        break;
-    case KeySource::Other:
-        break;
-    }
-    return key;
-}
-
-KeyAction keyAction(int key, Qt::KeyboardModifiers modifiers, bool documentOpen) {
+Command keyCommand(int key, Qt::KeyboardModifiers modifiers, bool documentOpen) {
     const Mods mods = modsOf(modifiers);
     const bool keypad = modifiers.testFlag(Qt::KeypadModifier);
 
@@ -89,56 +51,56 @@ KeyAction keyAction(int key, Qt::KeyboardModifiers modifiers, bool documentOpen)
         if (documentOpen) {
             switch (k) {
             case Qt::Key_Slash:
-                return KeyAction::FirstRecord;
+                return Command::FirstRecord;
             case Qt::Key_Asterisk:
-                return KeyAction::LastRecord;
+                return Command::LastRecord;
             case Qt::Key_Period:
-                return mods == Mods::Ctrl ? KeyAction::DeleteStandard : KeyAction::Delete;
+                return mods == Mods::Ctrl ? Command::DeleteStandard : Command::Delete;
             case Qt::Key_Plus:
-                return mods == Mods::Ctrl ? KeyAction::ForwardFive : KeyAction::Next;
+                return mods == Mods::Ctrl ? Command::ForwardFive : Command::Next;
             case Qt::Key_Minus:
-                return mods == Mods::Ctrl ? KeyAction::BackFive : KeyAction::Back;
+                return mods == Mods::Ctrl ? Command::BackFive : Command::Back;
             default:
                 break;
             }
         }
         switch (k) {
         case Qt::Key_7:
-            return KeyAction::PhraseHome;
+            return Command::PhraseHome;
         case Qt::Key_4:
-            return KeyAction::PhraseBack;
+            return Command::PhraseBack;
         case Qt::Key_6:
-            return KeyAction::PhraseNext;
+            return Command::PhraseNext;
         case Qt::Key_1:
-            return KeyAction::PhraseEnd;
+            return Command::PhraseEnd;
         case Qt::Key_3:
-            return KeyAction::PhraseFirstFilled;
+            return Command::PhraseFirstFilled;
         case Qt::Key_9:
-            return KeyAction::PhraseLastFilled;
+            return Command::PhraseLastFilled;
         default:
-            return KeyAction::None;
+            return Command::None;
         }
     }
 
     if (documentOpen) {
         if (mods == Mods::Alt && key == Qt::Key_S)
-            return KeyAction::Save;
+            return Command::Save;
         if (mods == Mods::None && key == Qt::Key_F2)
-            return KeyAction::Save;
+            return Command::Save;
         if (mods == Mods::Alt && key == Qt::Key_C)
-            return KeyAction::Copy;
+            return Command::Copy;
         if (mods == Mods::Alt && key == Qt::Key_V)
-            return KeyAction::Paste;
+            return Command::Paste;
     }
     if (mods == Mods::Ctrl && key == Qt::Key_F1)
-        return KeyAction::SpeechInfo;
+        return Command::SpeechInfo;
     if (mods == Mods::Ctrl && key == Qt::Key_F2)
-        return KeyAction::SpeechSaveAs;
+        return Command::SpeechSaveAs;
     if (mods == Mods::Ctrl && key == Qt::Key_F3)
-        return KeyAction::PopupMenu;
+        return Command::PopupMenu;
     if (mods == Mods::Alt && key == Qt::Key_X)
-        return KeyAction::Exit;
-    return KeyAction::None;
+        return Command::Exit;
+    return Command::None;
 }
 
 } // namespace parlex::gui

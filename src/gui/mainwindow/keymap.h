@@ -1,53 +1,15 @@
 #pragma once
 
-#include <QString>
+#include "gui/app/keyboard.h"
+#include "gui/mainwindow/commands.h"
+
 #include <Qt>
 
 namespace parlex::gui {
 
-// What a key pressed anywhere in the main window asks for.
-enum class KeyAction {
-    None,
-    // Only while a script is open:
-    FirstRecord,
-    LastRecord,
-    Save,
-    Copy,
-    Paste,
-    DeleteStandard,
-    Delete,
-    ForwardFive,
-    Next,
-    BackFive,
-    Back,
-    // Always:
-    SpeechInfo,
-    SpeechSaveAs,
-    PopupMenu,
-    Exit,
-    PhraseHome,
-    PhraseBack,
-    PhraseNext,
-    PhraseEnd,
-    PhraseFirstFilled,
-    PhraseLastFilled,
-};
-
-// Where the native codes of a key event come from.
-enum class KeySource {
-    X11,     // xcb and Wayland: the scan code is the XKB key code (evdev + 8)
-    Windows, // the virtual key, which names the key's place for letters in every layout
-    Other,   // no native codes to go by: the letter as typed
-};
-KeySource keySourceFor(const QString& platformName);
-
-// The Latin letter of the key's place on the keyboard for a letter typed in another
-// alphabet (Alt+Ы is Alt+S with a Russian layout), so that letter keys of the map
-// and of the dialogs work whatever layout is active. Other keys pass unchanged.
-int latinKey(int key, quint32 nativeScanCode, quint32 nativeVirtualKey, KeySource source);
-
-// The key map. `keypad` tells the numeric pad from the other keys (both NumLock
-// states are understood); `documentOpen` enables the script keys.
-KeyAction keyAction(int key, Qt::KeyboardModifiers modifiers, bool documentOpen);
+// The key map: the command a key asks for, or Command::None. The numeric pad is told
+// from the other keys by its modifier (both NumLock states are understood);
+// `documentOpen` enables the script keys.
+Command keyCommand(int key, Qt::KeyboardModifiers modifiers, bool documentOpen);
 
 } // namespace parlex::gui

@@ -1,19 +1,19 @@
 #include "gui/mainwindow/mainwindow.h"
 
 #include "core/explain/fieldlayout.h"
+#include "gui/app/statuspanels.h"
+#include "gui/codes/codelistpane.h"
 #include "gui/mainwindow/bytegrid.h"
 #include "gui/mainwindow/captionwarning.h"
 #include "gui/mainwindow/explanationbar.h"
 #include "gui/mainwindow/helppanel.h"
 #include "gui/mainwindow/menus.h"
-#include "gui/mainwindow/statuspanels.h"
 #include "gui/speech/speechpane.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
-#include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QSlider>
@@ -73,30 +73,27 @@ void MainWindow::buildControls() {
     layout->addWidget(grid_);
 
     help_ = new HelpPanel(central);
-    list_ = new QListWidget(central);
-    list_->setObjectName("List");
-    list_->setMinimumWidth(33);       // the splitter stops 500 twips from the left
-    list_->setUniformItemSizes(true); // thousands of one-line rows: no measuring each
+    codes_ = new CodeListPane(session_.lists(), central);
     speech_ = new SpeechPane(session_.speech(), central);
     speech_->text()->installEventFilter(this);
 
-    auto* paneSplitter = new QSplitter(Qt::Horizontal, central);
-    paneSplitter->setObjectName("Pic1");
-    paneSplitter->setChildrenCollapsible(false);
-    paneSplitter->addWidget(list_);
-    paneSplitter->addWidget(speech_);
-    paneSplitter->setStretchFactor(0, 1);
-    paneSplitter->setStretchFactor(1, 2);
-    paneSplitter->setMinimumHeight(60);
+    paneBar_ = new QSplitter(Qt::Horizontal, central);
+    paneBar_->setObjectName("Pic1");
+    paneBar_->setChildrenCollapsible(false);
+    paneBar_->addWidget(codes_);
+    paneBar_->addWidget(speech_);
+    paneBar_->setStretchFactor(0, 1);
+    paneBar_->setStretchFactor(1, 2);
+    paneBar_->setMinimumHeight(60);
 
-    auto* helpSplitter = new QSplitter(Qt::Vertical, central);
-    helpSplitter->setObjectName("Pic3");
-    helpSplitter->setChildrenCollapsible(false);
-    helpSplitter->addWidget(help_);
-    helpSplitter->addWidget(paneSplitter);
-    helpSplitter->setStretchFactor(0, 0);
-    helpSplitter->setStretchFactor(1, 1);
-    layout->addWidget(helpSplitter, 1);
+    helpBar_ = new QSplitter(Qt::Vertical, central);
+    helpBar_->setObjectName("Pic3");
+    helpBar_->setChildrenCollapsible(false);
+    helpBar_->addWidget(help_);
+    helpBar_->addWidget(paneBar_);
+    helpBar_->setStretchFactor(0, 0);
+    helpBar_->setStretchFactor(1, 1);
+    layout->addWidget(helpBar_, 1);
 
     explanation_ = new ExplanationBar(central);
     layout->addWidget(explanation_);
@@ -113,35 +110,11 @@ void MainWindow::buildControls() {
 }
 
 void MainWindow::wireMenus() {
-    const std::pair<const char*, std::function<void()>> commands[] = {
-        {"nOpen", [this] { session_.flows().open(); }},
-        {"nNew", [this] { session_.flows().newScript(); }},
-        {"nSave", [this] { session_.flows().save(); }},
-        {"nSaveAs", [this] { session_.flows().saveAs(); }},
-        {"nExit", [this] { close(); }},
-        {"nFrec", [this] { session_.cursor().firstRecord(); }},
-        {"nLrec", [this] { session_.cursor().lastRecord(); }},
-        {"nNext", [this] { session_.cursor().nextRecord(); }},
-        {"nBack", [this] { session_.cursor().previousRecord(); }},
-        {"nDelStand", [this] { session_.deleteRecord(true); }},
-        {"nDel", [this] { session_.deleteRecord(false); }},
-        {"nCopy", [this] { session_.copyRecord(); }},
-        {"nPaste", [this] { session_.pasteRecord(); }},
-        {"nUndo", [this] { session_.undo(); }},
-        {"nRedo", [this] { session_.redo(); }},
-        {"nSelect", [this] { session_.flows().convertLayout(); }},
-        {"nCurrent", [this] { session_.flows().showCurrentInfo(); }},
-        {"nContecst", [this] { openHelp(); }},
-        {"nAbout", [this] { showAbout(); }},
-        {"nFon", [this] { session_.choosePhraseColour(); }},
-        {"nFont", [this] { session_.choosePhraseFont(); }},
-    };
-    for (const auto& [name, run] : commands)
-        connect(menus_->action(name), &QAction::triggered, this, run);
-    for (const auto& [name, key] : kListMenus)
-        connect(menus_->action(name), &QAction::triggered, this, [this, k = key] { showList(k); });
-    connect(menus_->action("nEdit"), &QAction::triggered, this, [this] { openEditor({}); });
-    connect(menus_->action("nOptions"), &QAction::triggered, this, [this] { openOptions(); });
+    for (const auto& [name, command] : kMenuCommands)
+        connect(menus_->action(name), &QAction::triggered, this, [this, c = command] { run(c); });
+    for (const auto& [name, caption, key] : kListMenus)
+        connect(menus_->action(name), &QAction::triggered, codes_,
+                [this, k = key] { codes_->showList(k); });
 }
 
 void MainWindow::wireSession() {
@@ -256,30 +229,6 @@ void MainWindow::updateNamePanel() {
                                                                                 : QString());
 }
 
-// ---------------------------------------------------------------- lists and help
-
-void MainWindow::showList(ListKey key) {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const std::vector<std::string> rows = session_.lists().rows(key);
-    QStringList items;
-    items.reserve(static_cast<qsizetype>(rows.size()));
-    for (const auto& row : rows)
-        items << q(row);
-    list_->setUpdatesEnabled(false);
-    list_->clear();
-    list_->addItems(items);
-    list_->setUpdatesEnabled(true);
-    QApplication::restoreOverrideCursor();
-}
-
-void MainWindow::showFieldHelp(int fieldIndex) {
-    help_->showFieldHelp(fieldIndex);
-}
-
-QString MainWindow::menuCaption(const char* name) const {
-    return menus_->action(name)->text();
-}
-
 // ---------------------------------------------------------------- close and keys
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -292,38 +241,52 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-void MainWindow::runKey(KeyAction key) {
-    using K = KeyAction;
+// The one table of what each command does, for its menu item and its keys alike.
+void MainWindow::run(Command command) {
+    using C = Command;
     using Step = session::SpeechDocument::Step;
-    const auto phraseKey = [this](Step step) {
+    const auto phrase = [this](Step step) {
         return [this, step] { session_.speech().step(step); };
     };
-    const std::pair<K, std::function<void()>> actions[] = {
-        {K::FirstRecord, [this] { session_.cursor().firstRecord(); }},
-        {K::LastRecord, [this] { session_.cursor().lastRecord(); }},
-        {K::Save, [this] { session_.flows().save(); }},
-        {K::Copy, [this] { session_.copyRecord(); }},
-        {K::Paste, [this] { session_.pasteRecord(); }},
-        {K::DeleteStandard, [this] { session_.deleteRecord(true); }},
-        {K::Delete, [this] { session_.deleteRecord(false); }},
-        {K::ForwardFive, [this] { session_.cursor().stepRecords(5); }},
-        {K::Next, [this] { session_.cursor().nextRecord(); }},
-        {K::BackFive, [this] { session_.cursor().stepRecords(-5); }},
-        {K::Back, [this] { session_.cursor().previousRecord(); }},
-        {K::PopupMenu, [this] { menus_->popup()->popup(QCursor::pos()); }},
-        {K::Exit, [this] { close(); }},
-        {K::SpeechInfo, [this] { speech_->showProperties(); }},
-        {K::SpeechSaveAs, [this] { session_.speech().saveAs(); }},
-        {K::PhraseHome, phraseKey(Step::Home)},
-        {K::PhraseBack, phraseKey(Step::Back)},
-        {K::PhraseNext, phraseKey(Step::Next)},
-        {K::PhraseEnd, phraseKey(Step::End)},
-        {K::PhraseFirstFilled, phraseKey(Step::FirstFilled)},
-        {K::PhraseLastFilled, phraseKey(Step::LastFilled)},
+    const std::pair<C, std::function<void()>> commands[] = {
+        {C::Open, [this] { session_.flows().open(); }},
+        {C::New, [this] { session_.flows().newScript(); }},
+        {C::Save, [this] { session_.flows().save(); }},
+        {C::SaveAs, [this] { session_.flows().saveAs(); }},
+        {C::Exit, [this] { close(); }},
+        {C::FirstRecord, [this] { session_.cursor().firstRecord(); }},
+        {C::LastRecord, [this] { session_.cursor().lastRecord(); }},
+        {C::Next, [this] { session_.cursor().nextRecord(); }},
+        {C::Back, [this] { session_.cursor().previousRecord(); }},
+        {C::ForwardFive, [this] { session_.cursor().stepRecords(5); }},
+        {C::BackFive, [this] { session_.cursor().stepRecords(-5); }},
+        {C::DeleteStandard, [this] { session_.deleteRecord(true); }},
+        {C::Delete, [this] { session_.deleteRecord(false); }},
+        {C::Copy, [this] { session_.copyRecord(); }},
+        {C::Paste, [this] { session_.pasteRecord(); }},
+        {C::Undo, [this] { session_.undo(); }},
+        {C::Redo, [this] { session_.redo(); }},
+        {C::ConvertLayout, [this] { session_.flows().convertLayout(); }},
+        {C::CurrentInfo, [this] { session_.flows().showCurrentInfo(); }},
+        {C::Edit, [this] { openEditor({}); }},
+        {C::Options, [this] { openOptions(); }},
+        {C::Help, [this] { openHelp(); }},
+        {C::About, [this] { showAbout(); }},
+        {C::SpeechInfo, [this] { speech_->showProperties(); }},
+        {C::SpeechSaveAs, [this] { session_.speech().saveAs(); }},
+        {C::PopupMenu, [this] { menus_->popup()->popup(QCursor::pos()); }},
+        {C::PhraseColour, [this] { session_.choosePhraseColour(); }},
+        {C::PhraseFont, [this] { session_.choosePhraseFont(); }},
+        {C::PhraseHome, phrase(Step::Home)},
+        {C::PhraseBack, phrase(Step::Back)},
+        {C::PhraseNext, phrase(Step::Next)},
+        {C::PhraseEnd, phrase(Step::End)},
+        {C::PhraseFirstFilled, phrase(Step::FirstFilled)},
+        {C::PhraseLastFilled, phrase(Step::LastFilled)},
     };
-    for (const auto& [k, run] : actions)
-        if (k == key)
-            run();
+    for (const auto& [c, action] : commands)
+        if (c == command)
+            action();
 }
 
 // Keys reach the map first, whichever control of this window has the focus.
@@ -334,10 +297,10 @@ bool MainWindow::handleKey(QObject* watched, QKeyEvent* key) {
         return false;
     const int latin =
         latinKey(key->key(), key->nativeScanCode(), key->nativeVirtualKey(), keySource_);
-    const KeyAction act = keyAction(latin, key->modifiers(), session_.script() != nullptr);
-    if (act == KeyAction::None)
+    const Command command = keyCommand(latin, key->modifiers(), session_.script() != nullptr);
+    if (command == Command::None)
         return false;
-    runKey(act);
+    run(command);
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "core/codelists/codelist.h"
 #include "gui/app/clipboardguard.h"
 #include "gui/mainwindow/keymap.h"
+#include "gui/settings/windowsettings.h"
 #include "session/session.h"
 
 #include <QMainWindow>
@@ -12,12 +13,13 @@
 #include <optional>
 
 class QLabel;
-class QListWidget;
 class QSlider;
+class QSplitter;
 
 namespace parlex::gui {
 
 class ByteGrid;
+class CodeListPane;
 class ExplanationBar;
 class HelpPanel;
 class MainMenus;
@@ -40,10 +42,9 @@ public:
 
     session::UserPrompts& prompts() { return prompts_; }
 
-    void showList(ListKey key);
-    QListWidget* codeList() const { return list_; }
-    void showFieldHelp(int fieldIndex);
-    QString menuCaption(const char* name) const;
+    CodeListPane& codeList() { return *codes_; }
+    // The window as its settings place it: the window, its two bars, the options.
+    WindowParts settingsParts() { return {*this, *helpBar_, *paneBar_, session_}; }
     // The byte editor on a byte of the current record, or on the byte of the
     // position text; nothing happens while no record is shown.
     void openEditor(std::optional<int> byteIndex);
@@ -75,7 +76,7 @@ private:
     void updateCommands();
     void updatePathPanel();
     void updateNamePanel();
-    void runKey(KeyAction key);
+    void run(Command command);
     bool handleKey(QObject* watched, QKeyEvent* key);
 
     session::UserPrompts& prompts_;
@@ -89,7 +90,9 @@ private:
     ByteGrid* grid_ = nullptr;
     HelpPanel* help_ = nullptr;
     ExplanationBar* explanation_ = nullptr;
-    QListWidget* list_ = nullptr;
+    CodeListPane* codes_ = nullptr;
+    QSplitter* helpBar_ = nullptr;
+    QSplitter* paneBar_ = nullptr;
     SpeechPane* speech_ = nullptr;
     StatusPanels* sbar_ = nullptr;
     StatusPanels* sbarInf_ = nullptr;

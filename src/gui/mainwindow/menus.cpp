@@ -1,5 +1,7 @@
 #include "gui/mainwindow/menus.h"
 
+#include "gui/codes/codelistpane.h"
+
 #include <QAction>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -25,6 +27,20 @@ QList<QKeySequence> keys(std::initializer_list<const char*> texts) {
     for (const char* t : texts)
         out << QKeySequence(QString::fromLatin1(t));
     return out;
+}
+
+// The code lists on F3-F9, a separator after the first two.
+std::vector<Item> listItems() {
+    std::vector<Item> items;
+    for (std::size_t i = 0; i < kListMenus.size(); ++i) {
+        if (i == 2)
+            items.push_back({"-", "n4", "", {}});
+        items.push_back({kListMenus[i].name,
+                         kListMenus[i].caption,
+                         "",
+                         {QKeySequence(Qt::Key_F3 + static_cast<int>(i))}});
+    }
+    return items;
 }
 
 const std::vector<Menu>& menuTree() {
@@ -57,16 +73,7 @@ const std::vector<Menu>& menuTree() {
           {"nEdit", "&Редактировать", "", keys({"Ctrl+E"})},
           {"-", "n3", "", {}},
           {"nOptions", "&Параметры", "", keys({"Ctrl+P"})}}},
-        {"nKeys",
-         "&Коды",
-         {{"nReact", "Коды &Реакций", "", keys({"F3"})},
-          {"nAction", "Коды &Воздействий", "", keys({"F4"})},
-          {"-", "n4", "", {}},
-          {"nTrig", "Коды &Триггеров", "", keys({"F5"})},
-          {"nName", "Список &Имен", "", keys({"F6"})},
-          {"nItem", "Коды &Предметов", "", keys({"F7"})},
-          {"nIq", "Коды При&немаемых квестов", "", keys({"F8"})},
-          {"nOq", "Коды Завершенных &квестов", "", keys({"F9"})}}},
+        {"nKeys", "&Коды", listItems()},
         {"nHelp",
          "Помо&щь",
          {{"nContecst", "&Справка", "", keys({"F1"})},

@@ -1,7 +1,7 @@
 #include "gui/settings/windowsettings.h"
 
 #include "core/settings/settingsfile.h"
-#include "gui/mainwindow/mainwindow.h"
+#include "session/session.h"
 
 #include <QEvent>
 #include <QScreen>
@@ -17,26 +17,19 @@ constexpr int kTwips = 15;
 constexpr int kFrameWidth = 8;
 constexpr int kFrameHeight = 46;
 
-QSplitter* helpBar(MainWindow& w) {
-    return w.findChild<QSplitter*>("Pic3"); // help text above, list and pane below
-}
-QSplitter* paneBar(MainWindow& w) {
-    return w.findChild<QSplitter*>("Pic1"); // list left, speech pane right
-}
-
 // Where a splitter's bar lies in the window, across its direction, in pixels.
-int barPosition(MainWindow& w, QSplitter* splitter) {
-    const QPoint at = splitter->handle(1)->mapTo(&w, QPoint(0, 0));
-    return splitter->orientation() == Qt::Vertical ? at.y() : at.x();
+int barPosition(QWidget& w, QSplitter& splitter) {
+    const QPoint at = splitter.handle(1)->mapTo(&w, QPoint(0, 0));
+    return splitter.orientation() == Qt::Vertical ? at.y() : at.x();
 }
 
 // Moves a splitter's bar to `position` in window pixels.
-void placeBar(MainWindow& w, QSplitter* splitter, int position) {
-    const bool vertical = splitter->orientation() == Qt::Vertical;
-    const QPoint origin = splitter->mapTo(&w, QPoint(0, 0));
-    const int total = (vertical ? splitter->height() : splitter->width()) - splitter->handleWidth();
+void placeBar(QWidget& w, QSplitter& splitter, int position) {
+    const bool vertical = splitter.orientation() == Qt::Vertical;
+    const QPoint origin = splitter.mapTo(&w, QPoint(0, 0));
+    const int total = (vertical ? splitter.height() : splitter.width()) - splitter.handleWidth();
     const int first = std::clamp(position - (vertical ? origin.y() : origin.x()), 0, total);
-    splitter->setSizes({first, total - first});
+    splitter.setSizes({first, total - first});
 }
 
 // Runs a task once, after the window it watches was first shown and laid out.
@@ -59,7 +52,8 @@ private:
 
 } // namespace
 
-void restoreWindow(MainWindow& w, const std::filesystem::path& file) {
+void restoreWindow(const WindowParts& parts, const std::filesystem::path& file) {
+    QWidget& w = parts.window;
     const QScreen* screen = w.screen();
     const QRect area = screen ? screen->geometry() : QRect(0, 0, 1024, 768);
     Settings s;
@@ -71,7 +65,7 @@ void restoreWindow(MainWindow& w, const std::filesystem::path& file) {
         readSettingsFile(file, s,
                          {double(area.width() * kTwips), double(area.height() * kTwips),
                           double(kFrameWidth * kTwips), double(kFrameHeight * kTwips)});
-    w.session().restore(s); // the window shows the options restored
+    parts.session.restore(s); // the window shows the options restored
 
     w.resize(int(s.width) / kTwips - kFrameWidth, int(s.height) / kTwips - kFrameHeight);
     w.move(area.x() + int(s.left) / kTwips, area.y() + int(s.top) / kTwips);
@@ -80,9 +74,9 @@ void restoreWindow(MainWindow& w, const std::filesystem::path& file) {
     // The bars are placed once the window is shown and laid out at its new size.
     const int top = int(s.splitterTop) / kTwips;
     const int left = int(s.splitterLeft) / kTwips;
-    const auto place = [&w, top, left] {
-        placeBar(w, helpBar(w), top);
-        placeBar(w, paneBar(w), left);
+    const auto place = [parts, top, left] {
+        placeBar(parts.window, parts.helpBar, top);
+        placeBar(parts.window, parts.paneBar, left);
     };
     if (w.isVisible())
         place();
@@ -90,7 +84,8 @@ void restoreWindow(MainWindow& w, const std::filesystem::path& file) {
         w.installEventFilter(new OnFirstShow(&w, place));
 }
 
-void saveWindow(MainWindow& w, const std::filesystem::path& file) {
+void saveWindow(const WindowParts& parts, const std::filesystem::path& file) {
+    QWidget& w = parts.window;
     const QScreen* screen = w.screen();
     const QPoint origin = screen ? screen->geometry().topLeft() : QPoint();
     Settings s;
@@ -98,12 +93,12 @@ void saveWindow(MainWindow& w, const std::filesystem::path& file) {
     s.top = (w.y() - origin.y()) * kTwips;
     s.width = (w.width() + kFrameWidth) * kTwips;
     s.height = (w.height() + kFrameHeight) * kTwips;
-    s.splitterTop = barPosition(w, helpBar(w)) * kTwips;
-    s.splitterLeft = barPosition(w, paneBar(w)) * kTwips;
+    s.splitterTop = barPosition(w, parts.helpBar) * kTwips;
+    s.splitterLeft = barPosition(w, parts.paneBar) * kTwips;
     std::error_code ignored; // a folder that cannot be made fails the write below
     std::filesystem::create_directories(file.parent_path(), ignored);
     // Nothing is said when the file cannot be written: the next start has defaults.
-    (void)writeSettingsFile(file, w.session().remembered(s));
+    (void)writeSettingsFile(file, parts.session.remembered(s));
 }
 
 } // namespace parlex::gui

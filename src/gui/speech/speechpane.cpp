@@ -1,7 +1,7 @@
 #include "gui/speech/speechpane.h"
 
 #include "core/settings/options.h"
-#include "gui/mainwindow/statuspanels.h"
+#include "gui/app/statuspanels.h"
 #include "gui/speech/filepropwindow.h"
 #include "session/speechdocument.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/mainwindow/selfplacingframe.h"
+#include "gui/app/selfplacingframe.h"
 
 #include <QIcon>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "gui/mainwindow/selfplacingframe.h"
+#include "gui/app/selfplacingframe.h"
 
 #include <QEvent>
 

@@ -1,4 +1,4 @@
-#include "gui/mainwindow/statuspanels.h"
+#include "gui/app/statuspanels.h"
 
 #include "gui/app/accessibletext.h"
 

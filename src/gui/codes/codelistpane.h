@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/codelists/listkey.h"
+
+#include <QListWidget>
+#include <array>
+#include <optional>
+
+namespace parlex::session {
+class ListLibrary;
+}
+
+namespace parlex::gui {
+
+// The code lists as the menus, the byte editor's pop-up and the keys F3-F9 offer
+// them, in that order: the menu item's object name, its caption and the list.
+struct ListMenu {
+    const char* name;
+    const char* caption;
+    ListKey key;
+};
+inline constexpr std::array<ListMenu, 7> kListMenus{{
+    {"nReact", "Коды &Реакций", ListKey::R},
+    {"nAction", "Коды &Воздействий", ListKey::A},
+    {"nTrig", "Коды &Триггеров", ListKey::T},
+    {"nName", "Список &Имен", ListKey::N},
+    {"nItem", "Коды &Предметов", ListKey::I},
+    {"nIq", "Коды При&немаемых квестов", ListKey::Qi},
+    {"nOq", "Коды Завершенных &квестов", ListKey::Qo},
+}};
+
+// The pane of the main window that shows one code list (List), row by row. The byte
+// editor's scroll bar moves through it.
+class CodeListPane : public QListWidget {
+    Q_OBJECT
+public:
+    CodeListPane(session::ListLibrary& lists, QWidget* parent = nullptr);
+
+    // The rows of a list, built in or from its file, in place of what was shown.
+    void showList(ListKey key);
+    // Marks row `row` and scrolls it to the top of the pane.
+    void showRow(int row);
+    // The first of the rows the user selected, if any.
+    std::optional<int> firstSelectedRow() const;
+
+private:
+    session::ListLibrary& lists_;
+};
+
+} // namespace parlex::gui
