@@ -14,11 +14,31 @@ Session::Session(UserPrompts& prompts, std::filesystem::path programDir, QObject
 
 // ---------------------------------------------------------------- options
 
+OptionChanges optionChanges(const Options& before, const Options& after) {
+    OptionChanges changed;
+    if (before.helpFontSize != after.helpFontSize || before.helpAlignment != after.helpAlignment)
+        changed |= OptionChange::HelpText;
+    if (before.toolTips != after.toolTips)
+        changed |= OptionChange::ToolTips;
+    if (before.phraseBackColour != after.phraseBackColour || before.phraseFont != after.phraseFont)
+        changed |= OptionChange::PhraseStyle;
+    Options rest = after; // what is left once the looks are set alike
+    rest.helpFontSize = before.helpFontSize;
+    rest.helpAlignment = before.helpAlignment;
+    rest.toolTips = before.toolTips;
+    rest.phraseBackColour = before.phraseBackColour;
+    rest.phraseFont = before.phraseFont;
+    if (!(rest == before))
+        changed |= OptionChange::Behaviour;
+    return changed;
+}
+
 void Session::setOptions(const Options& options) {
-    if (options == options_)
+    const OptionChanges changed = optionChanges(options_, options);
+    if (!changed)
         return;
     options_ = options;
-    emit optionsChanged();
+    emit optionsChanged(changed);
 }
 
 void Session::updateOptions(const std::function<void(Options&)>& change) {
@@ -43,7 +63,8 @@ void Session::restore(const Settings& settings) {
         flows_.setLastPath(platform::pathFromUtf8(settings.scriptPath));
     if (!settings.speechPath.empty())
         speech_.setRememberedPath(platform::pathFromUtf8(settings.speechPath));
-    emit optionsChanged();
+    emit optionsChanged(OptionChange::HelpText | OptionChange::ToolTips |
+                        OptionChange::PhraseStyle | OptionChange::Behaviour);
 }
 
 Settings Session::remembered(Settings base) const {

@@ -17,6 +17,20 @@
 
 namespace parlex::session {
 
+// What a change of the options touches on the screen, so that a window repaints
+// only that: the help text's look, the hints, the phrase text's colour and font.
+// Options that change how the program acts, not how it looks, are Behaviour.
+enum class OptionChange {
+    HelpText = 1,
+    ToolTips = 2,
+    PhraseStyle = 4,
+    Behaviour = 8,
+};
+Q_DECLARE_FLAGS(OptionChanges, OptionChange)
+Q_DECLARE_OPERATORS_FOR_FLAGS(OptionChanges)
+// The groups in which two sets of options differ.
+OptionChanges optionChanges(const Options& before, const Options& after);
+
 // Everything that is open and everything the user does with it, below the widgets.
 // It owns the parts and wires them together:
 //   document()  the open script, its edit history and the record buffer
@@ -80,7 +94,9 @@ public:
     void redo();
 
 signals:
-    void optionsChanged(); // restored, set, or the phrase text's colour or font chosen
+    // Restored, set, or the phrase text's colour or font chosen; `changed` names
+    // what differs (everything, after a restore).
+    void optionsChanged(parlex::session::OptionChanges changed);
 
 private:
     UserPrompts& prompts_;

@@ -4,6 +4,7 @@
 #include "sessiontest.h"
 
 #include <QSignalSpy>
+#include <functional>
 
 namespace {
 
@@ -32,6 +33,28 @@ TEST_F(OptionsTest, TheSettingsOfAPastRunComeBackUnchangedAndStartTheDialogs) {
     prompts.cancelDialog();
     session.flows().open();
     EXPECT_EQ(prompts.requests.back().proposedName, "053.npc");
+}
+
+// A change of the options names what it touches on the screen, so that the window
+// repaints only that.
+TEST(OptionChanges, NameWhatTheyTouch) {
+    using parlex::session::OptionChange;
+    const struct {
+        std::function<void(parlex::Options&)> change;
+        parlex::session::OptionChanges expected;
+    } cases[] = {
+        {[](auto& o) { o.helpAlignment = 2; }, OptionChange::HelpText},
+        {[](auto& o) { o.toolTips = true; }, OptionChange::ToolTips},
+        {[](auto& o) { o.phraseFont.bold = true; }, OptionChange::PhraseStyle},
+        {[](auto& o) { o.autoLoad = o.toolTips = true; },
+         OptionChange::Behaviour | OptionChange::ToolTips},
+        {[](auto&) {}, {}},
+    };
+    for (const auto& c : cases) {
+        parlex::Options after;
+        c.change(after);
+        EXPECT_EQ(parlex::session::optionChanges(parlex::Options{}, after), c.expected);
+    }
 }
 
 // The seven boxes that follow the options: Check, A, H, M, S, S1, US.

@@ -135,15 +135,21 @@ void MainWindow::wireSession() {
             o.helpAlignment = alignment;
         });
     });
-    // What shows the options shows them anew when they change (restored, chosen).
-    const auto showOptions = [this] {
-        help_->setFontSize(session_.options().helpFontSize);
-        help_->setAlignmentIndex(session_.options().helpAlignment);
-        help_->setToolTipsShown(session_.options().toolTips);
-        speech_->applyStyle();
+    // What shows the options shows them anew when they change: only what changed.
+    const auto showOptions = [this](session::OptionChanges changed) {
+        const Options& o = session_.options();
+        if (changed.testFlag(session::OptionChange::HelpText)) {
+            help_->setFontSize(o.helpFontSize);
+            help_->setAlignmentIndex(o.helpAlignment);
+        }
+        if (changed.testFlag(session::OptionChange::ToolTips))
+            help_->setToolTipsShown(o.toolTips);
+        if (changed.testFlag(session::OptionChange::PhraseStyle))
+            speech_->applyStyle();
     };
     connect(&session_, &S::optionsChanged, this, showOptions);
-    showOptions();
+    showOptions(session::OptionChange::HelpText | session::OptionChange::ToolTips |
+                session::OptionChange::PhraseStyle);
 
     connect(document, &Document::replaced, this, &MainWindow::documentReplaced);
     connect(cursor, &Cursor::positionChanged, this, [this](int position) {
