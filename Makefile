@@ -3,11 +3,12 @@ BUILD      ?= build
 ASAN_BUILD ?= build-asan
 WIN_BUILD  ?= build-windows
 FUZZ_BUILD ?= build-fuzz
+TIDY_BUILD ?= build-tidy
 FUZZ_SECONDS ?= 60
 JOBS       ?= $(shell nproc)
 EXAMPLE    ?= examples/053.npc
 
-.PHONY: all deps build run run-cli test test-sanitize test-windows windows package-windows bench package install format clean fuzz fuzz-build fuzz-smoke fuzz-corpus
+.PHONY: all deps build run run-cli test test-sanitize test-windows windows package-windows bench package install format tidy clean fuzz fuzz-build fuzz-smoke fuzz-corpus
 
 all: build
 
@@ -45,6 +46,15 @@ test-sanitize: deps
 	ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
 		LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp \
 		ctest --test-dir $(ASAN_BUILD) --output-on-failure -j $(JOBS)
+
+# clang-tidy with the checks of .clang-tidy over every source file of src/; any
+# finding fails. clang 16 with libc++ reads the C++23 of the tree (<expected>).
+tidy:
+	@bash scripts/deps.sh tidy
+	cmake -S . -B $(TIDY_BUILD) -DCMAKE_BUILD_TYPE=Debug -DPARLEX_BENCHMARKS=OFF \
+		-DCMAKE_CXX_COMPILER=clang++-16 -DCMAKE_CXX_FLAGS=-stdlib=libc++ \
+		-DCMAKE_EXPORT_COMPILE_COMMANDS=ON
+	run-clang-tidy-16 -p $(TIDY_BUILD) -quiet -j $(JOBS) '$(CURDIR)/src/'
 
 # The core, parlex-cli and the core's tests for 64-bit Windows (MinGW-w64, static).
 windows:
@@ -116,4 +126,4 @@ format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD) $(WIN_BUILD) $(FUZZ_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(WIN_BUILD) $(FUZZ_BUILD) $(TIDY_BUILD)

@@ -10,6 +10,11 @@ if [ "${1:-}" = windows ]; then
 # g++ has a <expected> that clang only compiles from version 17 on).
 elif [ "${1:-}" = fuzz ]; then
     packages=(make cmake clang-16 libclang-rt-16-dev libc++-16-dev libc++abi-16-dev)
+# `deps.sh tidy`: clang-tidy 16 and the same compiler and library to read the tree with,
+# and Qt's headers for the window's files.
+elif [ "${1:-}" = tidy ]; then
+    packages=(make cmake clang-16 clang-tidy-16 libc++-16-dev libc++abi-16-dev qt6-base-dev
+              qt6-svg-dev libgtest-dev libgmock-dev)
 else
 packages=(make cmake g++ clang-format libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev
           qt6-translations-l10n qt6-svg-dev xdg-utils shared-mime-info desktop-file-utils

@@ -62,6 +62,7 @@ std::filesystem::path pathArg(std::string_view utf8) {
 
 std::vector<std::filesystem::path> pathArgs(const std::vector<std::string>& words) {
     std::vector<std::filesystem::path> paths;
+    paths.reserve(words.size());
     for (const auto& word : words)
         paths.push_back(pathArg(word));
     return paths;

@@ -111,7 +111,7 @@ int runSet(const Args& args, Io io) {
     auto loaded = loadArgument(args, "edt set", io);
     if (const int* status = std::get_if<int>(&loaded))
         return *status;
-    EdtFile& file = std::get<EdtFile>(loaded);
+    auto& file = std::get<EdtFile>(loaded);
     if (const int refused = refuseRewrite(file, args, io))
         return refused;
     const int n = static_cast<int>(*index);

@@ -62,7 +62,7 @@ int runExplain(const Args& args, Io io) {
     const auto readable = readableListsFolder(args);
     if (!readable)
         return report(readable.error(), io);
-    const std::filesystem::path folder = *readable;
+    const std::filesystem::path& folder = *readable;
     const bool json = args.has("--json");
     return forEachScript(
         args, "explain",

@@ -36,8 +36,8 @@ std::size_t printFindings(const std::vector<mod::Finding>& findings, std::size_t
             out += first ? "" : ",";
             out += "{\"file\":" + jsonString(platform::utf8(f.file)) +
                    ",\"record\":" + jsonNumberOrNull(f.record) +
-                   ",\"field\":" + jsonNumberOrNull(f.field) + ",\"severity\":\"" +
-                   mod::severityName(f.severity) + "\",\"message\":" + jsonString(f.message) + "}";
+                   ",\"field\":" + jsonNumberOrNull(f.field) + R"(,"severity":")" +
+                   mod::severityName(f.severity) + R"(","message":)" + jsonString(f.message) + "}";
         } else {
             out += mod::formatFinding(f) + "\n";
         }

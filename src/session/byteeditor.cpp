@@ -58,7 +58,7 @@ std::string ByteEditor::currentHex() const {
 std::uint32_t ByteEditor::currentValue() const {
     std::uint32_t value = copy_[static_cast<std::size_t>(field())];
     if (mode() == FieldWidth::Word)
-        value |= static_cast<std::uint32_t>(copy_[static_cast<std::size_t>(field() + 1)]) << 8;
+        value |= static_cast<std::uint32_t>(copy_[static_cast<std::size_t>(field()) + 1]) << 8;
     return value;
 }
 

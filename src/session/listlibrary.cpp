@@ -6,7 +6,7 @@
 
 namespace parlex::session {
 
-ListLibrary::ListLibrary(UserPrompts& prompts, std::filesystem::path programDir)
+ListLibrary::ListLibrary(UserPrompts& prompts, const std::filesystem::path& programDir)
     : prompts_(prompts), folder_(locations(programDir).listFolder), lists_(folder_) {
     lists_.setReadErrorHandler([this](const Error& error) { prompts_.tell(error); });
 }

@@ -16,7 +16,7 @@ class UserPrompts;
 // list.
 class ListLibrary {
 public:
-    ListLibrary(UserPrompts& prompts, std::filesystem::path programDir);
+    ListLibrary(UserPrompts& prompts, const std::filesystem::path& programDir);
 
     const CodeLists& lists() const { return lists_; }
     // The rows of a list; a list file too long to show is told to the user.

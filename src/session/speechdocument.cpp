@@ -194,7 +194,7 @@ QString SpeechDocument::phraseText() const {
 }
 
 QString SpeechDocument::editPhrase(const QString& text) {
-    static const QRegularExpression lineBreaks("[\\r\\n\\x{2028}\\x{2029}]");
+    static const QRegularExpression lineBreaks(R"([\r\n\x{2028}\x{2029}])");
     QString oneLine = text;
     oneLine.remove(lineBreaks);
     if (!edt_)

@@ -98,7 +98,10 @@ void MainWindowTest::openingShowsFileNameAndRecord() {
     QCOMPARE(panel("SBar", 3), QString("Мигель\\PGMale 4"));
     QVERIFY(child<QSlider>("Slider")->isEnabled());
     QVERIFY(act("nSave")->isEnabled());
-    QVERIFY(!act("nBack")->isEnabled()); // position 1
+    QVERIFY(!act("nBack")->isEnabled());  // position 1
+    QVERIFY(!act("nPaste")->isEnabled()); // nothing copied yet
+    act("nCopy")->trigger();
+    QVERIFY(act("nPaste")->isEnabled());
     QCOMPARE(lbl(0)->text(), QString("00"));
     QCOMPARE(info(), QString("Запись пустая"));
     QCOMPARE(panel("SBarInf", 1), QString("01:01 (01-02 as Word)"));

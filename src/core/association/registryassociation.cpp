@@ -21,7 +21,7 @@ constexpr std::array<Row, 6> kRows{{
     {"Parlex\\DefaultIcon", Data::Icon, ""},
     {"Parlex\\Shell", Data::Fixed, "Open"},
     {"Parlex\\Shell\\Open", Data::Fixed, ""},
-    {"Parlex\\Shell\\Open\\Command", Data::Command, ""},
+    {R"(Parlex\Shell\Open\Command)", Data::Command, ""},
 }};
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
@@ -49,7 +49,7 @@ std::string RegistryAssociation::command() const {
 }
 
 bool RegistryAssociation::isAssociated() const {
-    const auto command = registry_.defaultValue("Parlex\\Shell\\Open\\Command");
+    const auto command = registry_.defaultValue(R"(Parlex\Shell\Open\Command)");
     if (!command || !equalIgnoringCase(*command, this->command()))
         return false;
     const auto type = registry_.defaultValue(".npc");

@@ -186,7 +186,7 @@ ListRows CodeLists::rows(ListKey key) const {
                              "Строка: " +
                              text::cp1251ToUtf8(shown) +
                              "\nНомер стороки: " + std::to_string(result.rows.size());
-            result.rows.push_back("Error - аварийное прерывание");
+            result.rows.emplace_back("Error - аварийное прерывание");
             break;
         }
         result.rows.push_back(formatListRow(list.wordCodes, code, text::cp1251ToUtf8(rowText)));

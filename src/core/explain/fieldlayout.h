@@ -119,7 +119,7 @@ inline constexpr NpcRecord kNeutralRecord = [] {
     NpcRecord record{};
     for (const FieldInfo& f : kFields)
         for (int i = 0; i < f.size(); ++i)
-            record[static_cast<std::size_t>(f.index + i)] =
+            record[static_cast<std::size_t>(f.index) + static_cast<std::size_t>(i)] =
                 static_cast<std::uint8_t>((f.neutral >> (8 * i)) & 0xFF);
     return record;
 }();

@@ -17,12 +17,12 @@ thread_local SaveFault* activeFault = nullptr;
 } // namespace
 
 fs::path pathFromUtf8(std::string_view utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+    return {std::u8string(utf8.begin(), utf8.end())};
 }
 
 std::string utf8(const fs::path& path) {
     const std::u8string text = path.u8string();
-    return std::string(text.begin(), text.end());
+    return {text.begin(), text.end()};
 }
 
 std::string lowerExtension(const fs::path& path) {

@@ -101,7 +101,8 @@ bool flag(std::string_view kept) {
 
 // Whole twips, divided without remainder.
 double wholeDivided(double dividend, int divisor) {
-    return static_cast<double>(std::llround(dividend) / divisor);
+    const long long whole = std::llround(dividend) / divisor;
+    return static_cast<double>(whole);
 }
 
 std::string shortest(double value) {

@@ -18,7 +18,7 @@ std::string decode(std::span<const std::uint8_t> record) {
                 break;
             continue;
         }
-        unsigned char c = static_cast<unsigned char>(b - 1);
+        auto c = static_cast<unsigned char>(b - 1);
         if (c == 0)
             c = kYa;
         else if (c == 31)
