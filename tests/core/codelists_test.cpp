@@ -6,12 +6,7 @@
 #include "testutil.h"
 
 #include <gtest/gtest.h>
-#include <thread>
 #include <tuple>
-#ifndef _WIN32
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 using namespace parlex;
 using testutil::TempDir;
@@ -138,30 +133,6 @@ TEST(LookupCode, AFileThatCannotBeReadIsToldOnceAndNeverKept) {
     EXPECT_NE(told[0].message.find(platform::utf8(path)), std::string::npos) << told[0].message;
     writeList(path, {"5=Пять"});
     EXPECT_EQ(lookAround(), std::tuple(std::string("Пять"), 1u, false));
-#ifndef _WIN32
-    // Unreadable: the system's error, said once, and read again once it can be.
-    ::chmod(dir.path().c_str(), 0755);
-    ::chmod(path.c_str(), 0);
-    const bool root = ::geteuid() == 0;
-    if (root) { // root reads anything: look as somebody else
-        ASSERT_EQ(::seteuid(65534), 0);
-    }
-    const auto unreadable = lookAround();
-    const auto again = lists.lookup(ListKey::N, 5);
-    const auto refusal = CodeLists(dir.path()).check();
-    if (root) {
-        ASSERT_EQ(::seteuid(0), 0);
-    }
-    EXPECT_EQ(unreadable, std::tuple(std::string("?"), 0u, true));
-    EXPECT_EQ(again, "?");
-    ASSERT_EQ(told.size(), 2u);
-    EXPECT_EQ(told[1].message, "Error 13\nНет прав доступа\nФайл: " + platform::utf8(path));
-    ASSERT_TRUE(refusal);
-    EXPECT_EQ(refusal->message, told[1].message);
-    ::chmod(path.c_str(), 0644);
-    EXPECT_EQ(lookAround(), std::tuple(std::string("Пять"), 1u, false));
-    EXPECT_EQ(told.size(), 2u);
-#endif
 }
 
 TEST(ListRows, OverrideFileRowsFollowTheFile) {

@@ -67,22 +67,10 @@ const Case kCases[] = {
          EXPECT_EQ(s.options.phraseFont.family, "MS Sans Serif")
              << "a missing name keeps the design font";
      }},
-    {"KeysInOtherCaseOrWithABlankAreIgnored", "top=100\r\nTop =100\r\nTOOLTIP=1\r\n",
-     [](const Settings& s) {
-         EXPECT_EQ(s.top, 500);
-         EXPECT_FALSE(s.options.toolTips);
-     }},
     {"AlignmentFromItsFirstCharacter_12", "lAlig=12",
      [](const Settings& s) { EXPECT_EQ(s.options.helpAlignment, 1); }},
-    {"HelpSizeBelowEight", "lSize=7",
-     [](const Settings& s) { EXPECT_EQ(s.options.helpFontSize, 8); }},
     {"ALeftOf9201IsCentred", "Width=12000\r\nLeft=-9201",
      [](const Settings& s) { EXPECT_EQ(s.left, (15360 - 12000) / 2.0); }},
-    {"ANumberThatCannotBeReadLeavesTheValue", "Width=abc\r\nTop=1e3x",
-     [](const Settings& s) {
-         EXPECT_EQ(s.width, 9000);
-         EXPECT_EQ(s.top, 500);
-     }},
     {"BarsOutsideTheWindowGoToAThirdAndAHalf", "wLeft=499\r\nwTop=1429",
      [](const Settings& s) {
          EXPECT_EQ(s.splitterLeft, 3000);
@@ -107,8 +95,6 @@ const Case kCases[] = {
          EXPECT_TRUE(s.scriptPath.empty());
          EXPECT_EQ(s.options.phraseFont.family.size(), 260u - 15u);
      }},
-    {"TextsAreWindows1251", "edtTxtFontName=\xc0\xf0\xe8\xe0\xeb",
-     [](const Settings& s) { EXPECT_EQ(s.options.phraseFont.family, "Ариал"); }},
 };
 
 INSTANTIATE_TEST_SUITE_P(EveryRule, SettingsRead, ::testing::ValuesIn(kCases),

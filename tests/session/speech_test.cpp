@@ -128,19 +128,5 @@ TEST_F(SpeechTest, TheCompanionAndByteFourteenFollowTheScript) {
     EXPECT_EQ(speech.phraseIndex(), 0) << "the option is off";
 }
 
-TEST_F(SpeechTest, ThePhraseTextTakesTheChosenColourAndFontUnlessCancelled) {
-    QSignalSpy restyled(&session, &Session::optionsChanged);
-    session.choosePhraseColour(); // cancelled
-    prompts.colourAnswer = 0xFFFF80;
-    session.choosePhraseColour();
-    const parlex::TextFont chosen{"Liberation Serif", 14, true, false};
-    prompts.fontAnswer = chosen;
-    session.choosePhraseFont();
-    EXPECT_EQ(session.options().phraseBackColour, 0xFFFF80u);
-    EXPECT_EQ(session.options().phraseFont, chosen);
-    EXPECT_EQ(restyled.count(), 2);
-    EXPECT_EQ(prompts.fontLimits.at(0), std::make_pair(4.0, 18.0));
-}
-
 } // namespace
 } // namespace sessiontest
