@@ -12,6 +12,7 @@ namespace {
 constexpr std::size_t kLookupLineLimit = 80;
 constexpr std::size_t kListLineLimit = 120;
 constexpr std::size_t kRowLimit = 32735;
+constexpr std::size_t kWarningLineLimit = 50; // of the line the row-limit warning quotes
 
 bool isSkipped(std::string_view line) {
     return line.empty() || line.front() == ';';
@@ -177,9 +178,7 @@ ListRows CodeLists::rows(ListKey key) const {
             rowText = pair->value;
         }
         if (result.rows.size() == kRowLimit) {
-            std::string shown(rowText);
-            if (shown.size() > 50)
-                shown = shown.substr(0, 47) + "...";
+            const std::string shown = cutLine(rowText, kWarningLineLimit);
             result.warning = "Достигнут предел потребления ресурсов памяти.\n"
                              "Сейчас будет очищены все занимаемые этой программой\n"
                              "ресурсы памяти. Остоновка на чтении.... \n"
