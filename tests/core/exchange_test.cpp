@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace parlex;
 
 namespace {
@@ -79,12 +81,8 @@ TEST(Exchange, PoEntriesAsTranslatorsLeaveThem) {
 }
 
 TEST(Exchange, BrokenInputIsRefusedWithItsPlace) {
-    struct Case {
-        bool json;
-        const char* text;
-        const char* start;
-    };
-    const Case cases[] = {
+    // JSON or PO, the text read, the start of the refusal.
+    const std::tuple<bool, std::string, std::string> cases[] = {
         {true, "{\"a\":1}", "JSON, строка 1: ожидался массив"},
         {true, "[\"a\",\n\"b\"", "JSON, строка 2: ожидалась \",\" или \"]\""},
         {true, "[\"a\\q\"]", "JSON, строка 1: неизвестная escape"},
@@ -92,11 +90,10 @@ TEST(Exchange, BrokenInputIsRefusedWithItsPlace) {
         {false, "msgctxt \"x1\"\nmsgid \"a\"\nmsgstr \"b\"\n", "PO, строка 1: msgctxt должен"},
         {false, "msgid \"a\"\nmsgstr b\n", "PO, строка 2: ожидалась строка"},
     };
-    for (const auto& c : cases) {
-        const auto result = c.json ? phrasesFromJson(c.text) : phrasesFromPo(c.text);
-        ASSERT_FALSE(result) << c.text;
-        EXPECT_TRUE(result.error().message.starts_with(c.start))
-            << c.text << " -> " << result.error().message;
+    for (const auto& [json, text, start] : cases) {
+        const auto result = json ? phrasesFromJson(text) : phrasesFromPo(text);
+        ASSERT_FALSE(result) << text;
+        EXPECT_TRUE(result.error().message.starts_with(start)) << result.error().message;
     }
     const auto escapes = phrasesFromJson("[\"\\u0416\\n\\/\", \"\\ud83d\\ude00\"]");
     ASSERT_TRUE(escapes);
@@ -105,21 +102,17 @@ TEST(Exchange, BrokenInputIsRefusedWithItsPlace) {
 }
 
 TEST(Exchange, ImportIsAllOrNothing) {
-    struct Case {
-        std::vector<PhraseText> phrases;
-        const char* start;
-    };
-    const Case cases[] = {
+    const std::pair<std::vector<PhraseText>, std::string> cases[] = {
         {{{0, "ok"}, {15, "past the civilian kind"}},
          "фраза 15: такой фразы нет (фразы с 0 по 14)"},
         {{{0, "ok"}, {2, "漢字"}}, "фраза 2: "},
     };
-    for (const auto& c : cases) {
+    for (const auto& [phrases, start] : cases) {
         auto file = filled(EdtKind::Civilian);
         const auto before = phrasesOf(file);
-        const auto imported = importPhrases(file, c.phrases);
+        const auto imported = importPhrases(file, phrases);
         ASSERT_FALSE(imported);
-        EXPECT_TRUE(imported.error().message.starts_with(c.start)) << imported.error().message;
+        EXPECT_TRUE(imported.error().message.starts_with(start)) << imported.error().message;
         EXPECT_EQ(phrasesOf(file), before);
     }
 }

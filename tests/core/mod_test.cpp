@@ -75,11 +75,7 @@ TEST_F(ModTest, FoldersGiveTheirScriptsInAnyCaseAndDepthSortedOnce) {
 }
 
 TEST_F(ModTest, LintTellsEveryKindOfFinding) {
-    struct Case {
-        const char* name;
-        std::vector<std::uint8_t> bytes;
-        std::vector<std::string> expected;
-    };
+    using Case = std::tuple<const char*, std::vector<std::uint8_t>, std::vector<std::string>>;
     auto jaTail = testutil::jaBytes();
     std::fill(jaTail.begin() + 4, jaTail.end(), 0);
     auto jaClean = jaTail;
@@ -98,9 +94,9 @@ TEST_F(ModTest, LintTellsEveryKindOfFinding) {
         {"a ja tail of zeros", jaClean, {}},
         {"no script", {1, 2, 3}, {"x.npc:-:-:error:Размер файла"}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        expectStarts(lintScript(put("x.npc", c.bytes), lists), c.expected);
+    for (const auto& [name, bytes, expected] : cases) {
+        SCOPED_TRACE(name);
+        expectStarts(lintScript(put("x.npc", bytes), lists), expected);
     }
     expectStarts(lintScript(dir / "gone.npc", lists), {"gone.npc:-:-:error:Ошибка"});
 }
@@ -140,11 +136,7 @@ TEST_F(ModTest, FindByCodeAndByPhrase) {
     const auto b = put("b.npc", scriptWith({{2, {{13, 12}}}, {3, {{26, 27}}}}));
     const auto bad = put("c.npc", {1});
     const std::vector<fs::path> scripts{a, b, bad};
-    struct Case {
-        const char* name;
-        std::vector<Finding> found;
-        std::vector<std::string> expected;
-    };
+    using Case = std::tuple<const char*, std::vector<Finding>, std::vector<std::string>>;
     const Case cases[] = {
         {"item 27, given and needed",
          findCode(scripts, ListKey::I, 27, lists),
@@ -158,9 +150,9 @@ TEST_F(ModTest, FindByCodeAndByPhrase) {
          {"a.npc:4:13:match:PhraseFirst:", "b.npc:2:13:match:PhraseFirst:"}},
         {"phrase 13 nowhere", findPhrase({scripts.data(), 2}, 13, lists), {}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        expectStarts(c.found, c.expected);
+    for (const auto& [name, found, expected] : cases) {
+        SCOPED_TRACE(name);
+        expectStarts(found, expected);
     }
 }
 

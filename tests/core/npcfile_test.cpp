@@ -32,40 +32,20 @@ TEST(NpcFileLoad, TheFirstFourBytesChooseTheLayout) {
 
 TEST(NpcFileLoad, WhatCannotBeAScriptIsRefusedWithItsReason) {
     TempDir dir;
-    testutil::writeBytes(dir / "s.npc", std::vector<std::uint8_t>(1599, 0));
-    testutil::writeBytes(dir / "l.npc", std::vector<std::uint8_t>(3200, 0));
-    const struct {
-        std::filesystem::path path;
-        ErrorKind kind;
-        std::string message;
-    } cases[] = {
-        {dir / "s.npc", ErrorKind::TooSmall,
-         npcformat::sizeRefusal((dir / "s.npc").string(), 1599)},
-        {dir / "l.npc", ErrorKind::TooLarge,
-         npcformat::sizeRefusal((dir / "l.npc").string(), 3200)},
-        {dir / "nope.npc", ErrorKind::NotFound,
-         "Ошибка во время чтения файла. Error 2\nНет такого файла или папки\nФайл: " +
-             platform::utf8(dir / "nope.npc")},
-    };
-    for (const auto& c : cases) {
-        const auto file = NpcFile::load(c.path);
-        ASSERT_FALSE(file);
-        EXPECT_EQ(file.error().kind, c.kind);
-        EXPECT_EQ(file.error().message, c.message);
+    for (auto [size, kind] : {std::pair{1599, ErrorKind::TooSmall}, {3200, ErrorKind::TooLarge}}) {
+        testutil::writeBytes(dir / "s.npc", std::vector<std::uint8_t>(size, 0));
+        const auto refused = NpcFile::load(dir / "s.npc");
+        ASSERT_FALSE(refused);
+        EXPECT_EQ(refused.error().kind, kind);
+        EXPECT_EQ(refused.error().message, npcformat::sizeRefusal((dir / "s.npc").string(), size));
     }
+    const auto missing = NpcFile::load(dir / "nope.npc");
+    ASSERT_FALSE(missing);
+    EXPECT_EQ(missing.error().message,
+              "Ошибка во время чтения файла. Error 2\nНет такого файла или папки\nФайл: " +
+                  platform::utf8(dir / "nope.npc"));
     EXPECT_EQ(NpcFile::load(dir.path()).error().kind, ErrorKind::Read) << "a folder";
     EXPECT_EQ(npcformat::sizeRefusal("b.npc", 1601), "Размер файла b.npc\nбольше чем 1600 байт");
-}
-
-TEST(NpcFileChange, ChangedOnlyWhileTheBytesDifferFromTheLoadedOnes) {
-    NpcFile file = NpcFile::makeNew();
-    file.setRecord(2, kEmptyRecord); // already empty
-    EXPECT_FALSE(file.isChanged());
-    file.setRecord(2, kNeutralRecord);
-    EXPECT_TRUE(file.isChanged());
-    EXPECT_EQ(file.nonEmptyCount(), 1u); // a standard-deleted record is not empty
-    file.setRecord(2, kEmptyRecord);
-    EXPECT_FALSE(file.isChanged());
 }
 
 TEST(NpcFileSave, ASaveWritesTheLayoutItsBytesSayAndReadsItBack) {
@@ -94,26 +74,22 @@ TEST(NpcFileSave, ASaveWritesTheLayoutItsBytesSayAndReadsItBack) {
 }
 
 TEST(NpcFileSearch, FirstAndLastNonEmptyPositions) {
-    struct Case {
-        std::vector<int> filled; // positions holding a standard-deleted record
-        bool ja;
-        std::optional<int> first, last;
-    };
-    const Case cases[] = {
+    // Positions holding a standard-deleted record, the ja layout, the first and last.
+    const std::tuple<std::vector<int>, bool, std::optional<int>, std::optional<int>> cases[] = {
         {{}, false, std::nullopt, std::nullopt},
         {{7, 3, 12}, false, 3, 12},
         {{50}, false, 50, 50},
         {{2, 49}, true, 2, 49},
     };
-    for (const auto& c : cases) {
+    for (const auto& [filled, ja, first, last] : cases) {
         npcformat::FileBytes bytes{};
-        if (c.ja)
+        if (ja)
             std::copy(npcformat::kJaMark.begin(), npcformat::kJaMark.end(), bytes.begin());
         NpcFile file = NpcFile::fromBytes(bytes, "s.npc");
-        for (int position : c.filled)
+        for (int position : filled)
             file.setRecord(static_cast<std::size_t>(position - 1), kNeutralRecord);
-        EXPECT_EQ(file.firstNonEmptyPosition(), c.first) << c.filled.size();
-        EXPECT_EQ(file.lastNonEmptyPosition(), c.last) << c.filled.size();
+        EXPECT_EQ(std::pair(file.firstNonEmptyPosition(), file.lastNonEmptyPosition()),
+                  std::pair(first, last));
     }
 }
 
@@ -127,16 +103,12 @@ TEST(EditHistory, UndoAndRedoWalkTheSnapshotsAndANewEditDropsTheRedoTail) {
         file.setRecord(index, record);
     };
     const auto undo = [&] {
-        auto e = history.undo();
-        if (e)
-            file.setRecord(e->index, e->before);
-        return e.has_value();
+        const auto e = history.undo();
+        return e && (file.setRecord(e->index, e->before), true);
     };
     const auto redo = [&] {
-        auto e = history.redo();
-        if (e)
-            file.setRecord(e->index, e->after);
-        return e.has_value();
+        const auto e = history.redo();
+        return e && (file.setRecord(e->index, e->after), true);
     };
     NpcRecord marked = kNeutralRecord;
     marked[13] = 7;

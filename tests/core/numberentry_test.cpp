@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace parlex::entry {
 namespace {
 
@@ -10,16 +12,13 @@ constexpr FieldWidth B = FieldWidth::Byte;
 constexpr FieldWidth W = FieldWidth::Word;
 
 TEST(NumberEntry, KeysPassDigitsAndBackspaceEncodeOnEnterAndDropTheRest) {
-    const struct {
-        char32_t key;
-        KeyEffect effect;
-    } cases[] = {
+    const std::pair<char32_t, KeyEffect> cases[] = {
         {'0', KeyEffect::Pass},  {'9', KeyEffect::Pass}, {8, KeyEffect::Pass},
         {13, KeyEffect::Encode}, {'/', KeyEffect::Drop}, {':', KeyEffect::Drop},
         {U'٣', KeyEffect::Drop}, // another script's digit
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(keyEffect(c.key), c.effect) << static_cast<std::uint32_t>(c.key);
+    for (const auto& [key, effect] : cases)
+        EXPECT_EQ(keyEffect(key), effect) << static_cast<std::uint32_t>(key);
 }
 
 TEST(NumberEntry, RangeByLengthAndByValue) {
@@ -46,37 +45,21 @@ TEST(NumberEntry, WhatLooksNumericIsKeptAndTheRestIsRefused) {
 }
 
 TEST(NumberEntry, EncodingLowByteFirst) {
-    const struct {
-        std::uint32_t value;
-        FieldWidth mode;
-        const char* text;
-    } cases[] = {
-        {10, B, "0A"},
-        {255, W, "FF 00"},
-        {268, W, "0C 01"},
-        {65535, W, "FF FF"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(encoded(c.value, c.mode), c.text) << c.value;
-        EXPECT_EQ(encoded(c.value, c.mode).size(), encodedLength(c.mode));
+    const std::tuple<std::uint32_t, FieldWidth, std::string> cases[] = {
+        {10, B, "0A"}, {255, W, "FF 00"}, {268, W, "0C 01"}, {65535, W, "FF FF"}};
+    for (const auto& [value, mode, text] : cases) {
+        EXPECT_EQ(encoded(value, mode), text) << value;
+        EXPECT_EQ(text.size(), encodedLength(mode));
     }
 }
 
 TEST(NumberEntry, RowsOfTheFieldChooser) {
-    const struct {
-        int row;
-        const char* text;
-        int field;
-    } rows[] = {
-        {3, "Байты 07-08", 6},
-        {4, "Байт 09", 8},
-        {23, "Байт 32", 31},
-    };
+    const std::tuple<std::size_t, std::string, int> rows[] = {
+        {3, "Байты 07-08", 6}, {4, "Байт 09", 8}, {23, "Байт 32", 31}};
     ASSERT_EQ(editableFields().size(), 24u);
-    for (const auto& r : rows) {
-        const EditableField& field = editableFields()[static_cast<std::size_t>(r.row)];
-        EXPECT_EQ(rowText(field), r.text);
-        EXPECT_EQ(field.index, r.field);
+    for (const auto& [row, text, index] : rows) {
+        EXPECT_EQ(rowText(editableFields()[row]), text);
+        EXPECT_EQ(editableFields()[row].index, index);
     }
 }
 

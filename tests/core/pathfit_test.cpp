@@ -13,10 +13,8 @@ int tenPerChar(std::string_view s) {
 
 TEST(FitPath, DropsFoldersFromTheTailAndKeepsTheHead) {
     const std::string path = "/home/user/mods/ja2/scripts/053.npc"; // 35 characters
-    struct Case {
-        int available;
-        std::string shown;
-    } cases[] = {
+    // The width available, the path shown.
+    const std::pair<int, std::string> cases[] = {
         {350 + 47, path}, // fits with the spare
         {350 + 46, "/home/user/mods/ja2/.../053.npc"},
         {310 + 47, "/home/user/mods/ja2/.../053.npc"},
@@ -25,11 +23,8 @@ TEST(FitPath, DropsFoldersFromTheTailAndKeepsTheHead) {
         {216, "/.../053.npc"},
         {10, "/.../053.npc"}, // nothing more to drop
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(fitPath(path, "053.npc", c.available, 47, tenPerChar), c.shown) << c.available;
-}
-
-TEST(FitPath, PathWithoutSeparatorsStaysAsItIs) {
+    for (const auto& [available, shown] : cases)
+        EXPECT_EQ(fitPath(path, "053.npc", available, 47, tenPerChar), shown) << available;
     // No folder to drop: the rule still writes the dots before the title.
     EXPECT_EQ(fitPath("053.npc", "053.npc", 0, 47, tenPerChar), "053.npc.../053.npc");
     EXPECT_EQ(fitPath("053.npc", "053.npc", 1000, 47, tenPerChar), "053.npc");

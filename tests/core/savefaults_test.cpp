@@ -16,7 +16,6 @@
 #ifndef _WIN32
 #include <csignal>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -64,11 +63,10 @@ const Fault kFaults[] = {
 };
 #endif
 
-// A save path under test: makes a file at `target`, then saves other content there.
-struct SavePath {
-    std::function<void(const fs::path& target)> prepare;
-    std::function<Result<void>(const fs::path& target)> save;
-};
+// A save path under test: the name of its file, what the file holds before, and the
+// save of other content there.
+using SavePath =
+    std::tuple<const char*, const char*, std::function<Result<void>(const fs::path& target)>>;
 
 // Every save path under every planted failure: the old file byte-identical, no
 // temporary file left, a message that names the file and the cause; without the
@@ -76,52 +74,42 @@ struct SavePath {
 TEST(SaveFaults, EverySavePathLeavesTheOldFileOnEveryFailure) {
     EdtFile dialogues = EdtFile::makeNew(EdtKind::NpcDialogues);
     ASSERT_TRUE(dialogues.setPhrase(11, "Фраза"));
-    const auto old = [](const char* text) {
-        return [text](const fs::path& target) { testutil::writeText(target, text); };
+    const SavePath paths[] = {
+        {"Скрипт.npc", "",
+         [](const fs::path& target) {
+             NpcFile document = NpcFile::makeNew();
+             document.setRecord(3, kNeutralRecord);
+             auto result = document.saveAs(target);
+             EXPECT_EQ(document.isChanged(), !result) << "a failed save keeps the changes";
+             return result;
+         }},
+        {"Реплики.edt", "old",
+         [](const fs::path& target) {
+             EdtFile document = EdtFile::makeNew(EdtKind::Civilian);
+             EXPECT_TRUE(document.setPhrase(2, "Привет"));
+             return document.saveAs(target);
+         }},
+        {"Quotes.txt", "older text\r\n",
+         [&](const fs::path& target) { return decompileToFile(dialogues, target); }},
+        {"Items.txt", "1=old\r\n",
+         [](const fs::path& target) {
+             const auto written = writeListFile(ListKey::I, target.parent_path(), std::tm{}, true);
+             return written ? Result<void>() : std::unexpected(written.error());
+         }},
+        {"Parlex.ini", "[old]\r\n",
+         [](const fs::path& target) { return writeSettingsFile(target, Settings{}); }},
     };
-    const std::pair<const char*, SavePath> paths[] = {
-        {"Скрипт.npc",
-         {old(""),
-          [](const fs::path& target) {
-              NpcFile document = NpcFile::makeNew();
-              document.setRecord(3, kNeutralRecord);
-              auto result = document.saveAs(target);
-              EXPECT_EQ(document.isChanged(), !result) << "a failed save keeps the changes";
-              return result;
-          }}},
-        {"Реплики.edt",
-         {old("old"),
-          [](const fs::path& target) {
-              EdtFile document = EdtFile::makeNew(EdtKind::Civilian);
-              EXPECT_TRUE(document.setPhrase(2, "Привет"));
-              return document.saveAs(target);
-          }}},
-        {"Quotes.txt",
-         {old("older text\r\n"),
-          [&](const fs::path& target) { return decompileToFile(dialogues, target); }}},
-        {"Items.txt",
-         {old("1=old\r\n"),
-          [](const fs::path& target) -> Result<void> {
-              const auto written = writeListFile(ListKey::I, target.parent_path(), std::tm{}, true);
-              if (!written)
-                  return std::unexpected(written.error());
-              return {};
-          }}},
-        {"Parlex.ini",
-         {old("[old]\r\n"),
-          [](const fs::path& target) { return writeSettingsFile(target, Settings{}); }}},
-    };
-    for (const auto& [fileName, path] : paths)
+    for (const auto& [fileName, oldText, save] : paths)
         for (const auto& fault : kFaults) {
             SCOPED_TRACE(std::string(fileName) + " " + fault.cause);
             testutil::TempDir dir;
             const fs::path target = dir.path() / fileName;
-            path.prepare(target);
+            testutil::writeText(target, oldText);
             const auto before = entries(dir.path());
             Result<void> saved;
             {
                 SaveFault planted(fault.step, fault.errorNumber);
-                saved = path.save(target);
+                saved = save(target);
             }
             ASSERT_FALSE(saved);
             EXPECT_EQ(entries(dir.path()), before);
@@ -132,7 +120,7 @@ TEST(SaveFaults, EverySavePathLeavesTheOldFileOnEveryFailure) {
             EXPECT_NE(message.find(fault.cause), std::string::npos) << message;
             EXPECT_NE(message.find(platform::utf8(target)), std::string::npos) << message;
             const auto old = testutil::readBytes(target);
-            ASSERT_TRUE(path.save(target));
+            ASSERT_TRUE(save(target));
             EXPECT_NE(testutil::readBytes(target), old);
         }
 }
@@ -153,40 +141,21 @@ Result<void> saveNew(const fs::path& target) {
     return platform::writeFileAtomic(target, kNew);
 }
 
+// Through a symbolic or a hard link, the file both names lead to gets the new
+// content and the link stays what it was.
 TEST(SaveFaults, LinksAndNamesAreKept) {
-    struct Case {
-        const char* name;
-        // Prepares the folder; gives the path saved to and the names that must all
-        // show the new content afterwards.
-        std::pair<fs::path, std::vector<fs::path>> (*prepare)(const fs::path& dir);
-    };
-    const Case cases[] = {
-        {"a symbolic link: the file it names changes, the link stays",
-         [](const fs::path& dir) {
-             fs::create_directory(dir / "real");
-             testutil::writeBytes(dir / "real" / "t.npc", kOld);
-             fs::create_symlink("real/t.npc", dir / "link.npc");
-             return std::pair{dir / "link.npc",
-                              std::vector{dir / "link.npc", dir / "real" / "t.npc"}};
-         }},
-        {"a hard link: both names see the new content",
-         [](const fs::path& dir) {
-             testutil::writeBytes(dir / "t.npc", kOld);
-             fs::create_hard_link(dir / "t.npc", dir / "other.npc");
-             return std::pair{dir / "t.npc", std::vector{dir / "t.npc", dir / "other.npc"}};
-         }},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (bool symbolic : {true, false}) {
         testutil::TempDir dir;
-        const auto [target, names] = c.prepare(dir.path());
+        fs::create_directory(dir / "real");
+        const fs::path real = dir / "real" / "t.npc", link = dir / "link.npc";
+        testutil::writeBytes(real, kOld);
+        symbolic ? fs::create_symlink("real/t.npc", link) : fs::create_hard_link(real, link);
         const auto before = entries(dir.path());
-        const bool wasLink = fs::is_symlink(target);
-        const auto saved = saveNew(target);
+        const auto saved = saveNew(link);
         ASSERT_TRUE(saved) << saved.error().message;
-        for (const auto& name : names)
-            EXPECT_EQ(testutil::readBytes(name), kNew) << name;
-        EXPECT_EQ(fs::is_symlink(target), wasLink);
+        EXPECT_EQ(testutil::readBytes(link), kNew);
+        EXPECT_EQ(testutil::readBytes(real), kNew);
+        EXPECT_EQ(fs::is_symlink(link), symbolic);
         EXPECT_EQ(entries(dir.path()), before);
     }
 }
@@ -256,24 +225,6 @@ TEST(SaveFaults, AFolderThatTakesNoNewFileIsWrittenInPlace) {
     EXPECT_EQ(testutil::readBytes(target), kOld);
 }
 
-TEST(SaveFaults, TheFileSizeLimitIsAFailureNotAKill) {
-    testutil::TempDir dir;
-    const fs::path target = dir / "t.npc";
-    testutil::writeBytes(target, kOld);
-    rlimit old{};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
-    rlimit small = old;
-    small.rlim_cur = 1000;
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const auto saved = saveNew(target);
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &old), 0);
-    ASSERT_FALSE(saved);
-    EXPECT_NE(saved.error().message.find("Error " + std::to_string(EFBIG)), std::string::npos)
-        << saved.error().message;
-    EXPECT_EQ(testutil::readBytes(target), kOld);
-    EXPECT_EQ(entries(dir.path()).size(), 1u);
-}
-
 // A save killed at `step`, in a child process, on `target`.
 void killedSave(const fs::path& target, SaveStep step) {
     const pid_t child = ::fork();
@@ -315,27 +266,6 @@ TEST(SaveFaults, AKilledSaveLeavesNothingTheNextSaveKeeps) {
     EXPECT_EQ(testutil::readBytes(live), kOld);
 }
 
-TEST(MountPoint, TheLongestMountOfTheSameDeviceAbovePath) {
-    const std::string table =
-        "22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
-        "40 22 0:5 / /dev rw - devtmpfs udev rw\n"
-        "51 22 8:1 /home/u/mods /mnt/ro\\040mods ro,relatime - ext4 /dev/sda1 rw\n"
-        "52 22 8:2 / /mnt/ro rw - ext4 /dev/sda2 rw\n"
-        "53 22 8:1 /srv /srvx rw - ext4 /dev/sda1 rw";
-    struct Case {
-        const char* path;
-        unsigned major, minor;
-        const char* expected;
-    };
-    const Case cases[] = {
-        {"/mnt/ro mods/a/t.npc", 8, 1, "/mnt/ro mods"}, // the bind mount, with its blank
-        {"/mnt/ro/t.npc", 8, 2, "/mnt/ro"},
-        {"/srvxy/t.npc", 8, 1, "/"}, // a longer name is no folder below /srvx
-        {"/anything", 9, 9, ""},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(platform::mountPointOf(table, c.path, c.major, c.minor), c.expected) << c.path;
-}
 #endif
 
 } // namespace

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace parlex;
 using testutil::TempDir;
 
@@ -25,19 +27,16 @@ std::vector<std::uint8_t> recordOf(std::vector<std::uint8_t> head, std::size_t s
 TEST(PhraseCodec, UnitTableByteExact) {
     EXPECT_EQ(phrasecodec::encode(cp("аб вя"), 480),
               recordOf({0xE1, 0x00, 0xE2, 0x00, 0x20, 0x00, 0xE3, 0x00, 0x00, 0x01}));
-    struct Case {
-        std::vector<std::uint8_t> head;
-        std::string phrase;
-    } decodes[] = {
+    const std::pair<std::vector<std::uint8_t>, std::string> decodes[] = {
         {{0xE1, 0x00, 0xE2, 0x00, 0x20, 0x00, 0xE3, 0x00, 0x00, 0x01}, "аб вя"},
         {{0x00, 0x01, 0xE1, 0x00}, "яа"},            // a phrase that begins with "я"
         {{0x21, 0x00, 0x42, 0x00}, " A"},            // 0x21 reads as a blank too
         {{0x00, 0x00, 0xE1, 0x00}, ""},              // two zero bytes first: empty
         {{0x42, 0x00, 0x00, 0x00, 0x43, 0x00}, "A"}, // three zeros end the phrase
     };
-    for (const auto& c : decodes)
-        EXPECT_EQ(phrasecodec::decode(recordOf(c.head)), cp(c.phrase))
-            << ::testing::PrintToString(c.head);
+    for (const auto& [head, phrase] : decodes)
+        EXPECT_EQ(phrasecodec::decode(recordOf(head)), cp(phrase))
+            << ::testing::PrintToString(head);
 }
 
 TEST(PhraseCodec, EveryCharacterOfTheCodePageRoundTrips) {
@@ -71,25 +70,18 @@ TEST(PhraseCodec, FullLimitFillsTheRecordAndLongerIsCut) {
               std::string(160, 'y'));
 }
 
-struct SizeCase {
-    EdtKind kind;
-    std::size_t size;
-    std::optional<ErrorKind> refusal;
-};
-
 TEST(EdtSize, LimitsOfEachKind) {
-    const SizeCase cases[] = {
+    const std::tuple<EdtKind, std::size_t, std::optional<ErrorKind>> cases[] = {
         {EdtKind::NpcDialogues, 479, ErrorKind::TooSmall},   {EdtKind::NpcDialogues, 68640, {}},
         {EdtKind::NpcDialogues, 68641, ErrorKind::TooLarge}, {EdtKind::Civilian, 321, {}},
         {EdtKind::Civilian, 4801, ErrorKind::TooLarge},
     };
-    for (const auto& c : cases) {
+    for (const auto& [kind, size, refusal] : cases) {
         TempDir dir;
-        testutil::writeBytes(dir / "f.edt", std::vector<std::uint8_t>(c.size, 0));
-        auto file = EdtFile::load(dir / "f.edt", c.kind);
-        EXPECT_EQ(file.has_value(), !c.refusal) << kindInfo(c.kind).name << " " << c.size;
-        if (!file && c.refusal) {
-            EXPECT_EQ(file.error().kind, *c.refusal);
+        testutil::writeBytes(dir / "f.edt", std::vector<std::uint8_t>(size, 0));
+        auto file = EdtFile::load(dir / "f.edt", kind);
+        EXPECT_EQ(file ? std::optional<ErrorKind>() : file.error().kind, refusal) << size;
+        if (!file) {
             EXPECT_EQ(file.error().title, "Parlex некоректный размер");
         }
     }
@@ -98,43 +90,31 @@ TEST(EdtSize, LimitsOfEachKind) {
               "(всего может быть 143 [0-142] фразы по 480 байт)");
 }
 
+// 321 bytes of civilian dialogues hold one phrase; the byte after it is ignored.
 TEST(EdtFile, ReadingWholeRecordsOnly) {
-    auto bytes = recordOf({0x42, 0x00}, 480);
-    auto more = recordOf({0x43, 0x00}, 480);
-    bytes.insert(bytes.end(), more.begin(), more.end());
-    // A 480-byte record read as civilian dialogues: phrase 0 from the first 320 bytes.
-    const EdtFile civ = EdtFile::fromBytes(std::span(bytes).first(480), EdtKind::Civilian, "c");
-    EXPECT_EQ(civ.phraseBytes(0), "A");
-    EXPECT_EQ(civ.nonEmptyCount(), 1);
-    // 321 bytes of civilian dialogues: one phrase, the last byte ignored.
     std::vector<std::uint8_t> odd = recordOf({0x44, 0x00}, 320);
     odd.push_back(0x55);
     const EdtFile one = EdtFile::fromBytes(odd, EdtKind::Civilian, "c");
-    EXPECT_EQ(one.phraseBytes(0), "C");
-    EXPECT_EQ(one.phraseBytes(1), "");
+    EXPECT_EQ(std::tuple(one.phraseBytes(0), one.phraseBytes(1), one.nonEmptyCount()),
+              std::tuple(std::string("C"), std::string(), 1));
 }
 
 TEST(EdtFile, SavedSizesFollowTheLastNonEmptyPhrase) {
-    struct Case {
-        EdtKind kind;
-        std::vector<int> filled;
-        std::size_t size;
-    } cases[] = {
+    const std::tuple<EdtKind, std::vector<int>, std::size_t> cases[] = {
         {EdtKind::NpcDialogues, {0, 5}, 2880}, {EdtKind::NpcDialogues, {}, 68160},
         {EdtKind::Civilian, {}, 4480},         {EdtKind::Civilian, {0}, 320},
         {EdtKind::NpcDialogues, {142}, 68640},
     };
-    for (const auto& c : cases) {
+    for (const auto& [kind, filled, size] : cases) {
         TempDir dir;
-        EdtFile file = EdtFile::makeNew(c.kind);
-        for (int n : c.filled)
+        EdtFile file = EdtFile::makeNew(kind);
+        for (int n : filled)
             ASSERT_TRUE(file.setPhrase(n, "фраза " + std::to_string(n)));
-        EXPECT_EQ(file.sizeAfterSave(), c.size);
+        EXPECT_EQ(file.sizeAfterSave(), size);
         ASSERT_TRUE(file.saveAs(dir / "s.edt"));
-        EXPECT_EQ(std::filesystem::file_size(dir / "s.edt"), c.size);
-        EXPECT_FALSE(file.isChanged());
-        EXPECT_FALSE(file.isNew());
-        for (int n : c.filled)
+        EXPECT_EQ(std::filesystem::file_size(dir / "s.edt"), size);
+        EXPECT_FALSE(file.isChanged() || file.isNew());
+        for (int n : filled)
             EXPECT_EQ(file.phrase(n), "фраза " + std::to_string(n));
     }
 }
@@ -163,15 +143,12 @@ std::size_t blocks(const std::string& s) {
 }
 
 TEST(Decompile, BlockCountsFollowTheLastFilledPhrase) {
-    struct Case {
-        std::vector<int> filled;
-        std::size_t blocks;
-    } cases[] = {{{0}, 143}, {{2, 5}, 12}, {{11}, 12}};
-    for (const auto& c : cases) {
+    const std::pair<std::vector<int>, std::size_t> cases[] = {{{0}, 143}, {{2, 5}, 12}, {{11}, 12}};
+    for (const auto& [filled, count] : cases) {
         EdtFile file = EdtFile::makeNew(EdtKind::NpcDialogues);
-        for (int n : c.filled)
+        for (int n : filled)
             ASSERT_TRUE(file.setPhrase(n, "x"));
-        EXPECT_EQ(blocks(decompileText(file)), c.blocks) << ::testing::PrintToString(c.filled);
+        EXPECT_EQ(blocks(decompileText(file)), count) << ::testing::PrintToString(filled);
     }
 }
 
@@ -236,9 +213,8 @@ TEST(Companion, FoundWhateverTheCaseOfItsExtension) {
     testutil::TempDir dir;
     const auto script = dir / "053.npc";
     EXPECT_EQ(parlex::findCompanion(script), std::nullopt);
-    testutil::writeBytes(dir / "053.edt", {});
-    testutil::writeBytes(dir / "054.EDT", {});
-    testutil::writeBytes(dir / "53.edt", {});
+    for (const char* name : {"053.edt", "054.EDT", "53.edt"})
+        testutil::writeBytes(dir / name, {});
     const auto found = parlex::findCompanion(script);
     ASSERT_TRUE(found);
     EXPECT_TRUE(std::filesystem::equivalent(*found, dir / "053.edt"));
