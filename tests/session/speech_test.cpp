@@ -29,35 +29,32 @@ protected:
 };
 
 TEST_F(SpeechTest, TheSaveQuestionComesFirstAndEachAnswerIsKept) {
-    const struct {
-        Answer answer;
-        bool goesOn;
-        const char* onDisk;
-    } cases[] = {{Answer::Yes, true, "Изменено"},
-                 {Answer::No, true, "Фраза"},
-                 {Answer::Cancel, false, "Фраза"}};
+    // The answer, whether closing goes on, the phrase on disk afterwards.
+    using enum Answer;
+    const std::tuple<Answer, bool, std::string> cases[] = {
+        {Yes, true, "Изменено"}, {No, true, "Фраза"}, {Cancel, false, "Фраза"}};
     ASSERT_TRUE(session.flows().openPath(write("s.npc", testutil::script({1})).toStdString()));
-    for (const auto& c : cases) {
+    for (const auto& [answer, goesOn, onDisk] : cases) {
         write("r.edt", edt(EdtKind::Remarks, {{3, "Фраза"}}));
         ASSERT_TRUE(openEdt("r.edt", 3));
         speech.showPhrase(3);
         speech.editPhrase("Изменено");
-        prompts.answers = {c.answer};
-        EXPECT_EQ(session.queryClose(), c.goesOn) << c.onDisk;
+        prompts.answers = {answer};
+        EXPECT_EQ(session.queryClose(), goesOn) << onDisk;
         EXPECT_EQ(prompts.questions.back(), "Сохранть " + path("r.edt") + "?");
-        EXPECT_EQ(EdtFile::load(dir / "r.edt", EdtKind::Remarks)->phrase(3), c.onDisk);
-        if (c.answer != Answer::Yes) { // back as it was: no question
+        EXPECT_EQ(EdtFile::load(dir / "r.edt", EdtKind::Remarks)->phrase(3), onDisk);
+        if (answer != Yes) { // back as it was: no question
             speech.editPhrase("Фраза");
             EXPECT_FALSE(speech.canSave());
         }
     }
     speech.newDocument(EdtKind::Civilian);
     prompts.questions.clear();
-    EXPECT_TRUE(session.queryClose()) << "an empty new document closes without a question";
-    EXPECT_TRUE(prompts.questions.empty());
+    EXPECT_TRUE(session.queryClose() && prompts.questions.empty())
+        << "an empty new document closes without a question";
     session.deleteRecord(false);
     speech.editPhrase("Текст");
-    prompts.answers = {Answer::No, Answer::No};
+    prompts.answers = {No, No};
     EXPECT_TRUE(session.queryClose());
     EXPECT_EQ(prompts.questions, (std::vector<QString>{"Сохранть Новый EDT файл?",
                                                        "Сохранть " + path("s.npc") + " ?"}));
@@ -84,20 +81,17 @@ TEST_F(SpeechTest, ThePaneStoresEveryEditAndCountsIt) {
 TEST_F(SpeechTest, StepsStopAtTheEndsWithABeep) {
     write("n.edt", edt(EdtKind::NpcDialogues, {{2, "a"}, {9, "b"}}));
     ASSERT_TRUE(openEdt("n.edt", 1));
-    const struct {
-        Step step;
-        int phrase;
-        bool beep;
-    } steps[] = {
+    // A step, the phrase it reaches, whether it beeps.
+    const std::tuple<Step, int, bool> steps[] = {
         {Step::Back, 0, true},         {Step::Home, 0, true},        {Step::Next, 1, false},
         {Step::FirstFilled, 2, false}, {Step::LastFilled, 9, false}, {Step::End, 142, false},
         {Step::Next, 142, true},
     };
-    for (const auto& s : steps) {
+    for (const auto& [step, phrase, beep] : steps) {
         const int before = prompts.beeps;
-        speech.step(s.step);
-        EXPECT_EQ(speech.phraseIndex(), s.phrase);
-        EXPECT_EQ(prompts.beeps - before, s.beep ? 1 : 0) << s.phrase;
+        speech.step(step);
+        EXPECT_EQ(speech.phraseIndex(), phrase);
+        EXPECT_EQ(prompts.beeps - before, beep ? 1 : 0) << phrase;
     }
     EXPECT_EQ(speech.phraseCounter(), "(142:142)");
 }
