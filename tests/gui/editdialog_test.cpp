@@ -70,11 +70,9 @@ void EditDialogTest::controlsHaveTheirNamesTextsAndStartStates() {
     for (const char* name : {"Lbl1", "Lbl2", "Lbl3", "Lbl4", "Lbl5", "Frame1", "Frame2", "Frame3",
                              "Img", "VS", "L_H", "L_D", "nPopUp", "Com3"})
         QVERIFY2(in<QObject>(name), name);
-    QVERIFY(!in<QPushButton>("Com1")->isEnabled());
-    QVERIFY(!in<QPushButton>("Com2")->isEnabled());
-    QVERIFY(!in<QScrollBar>("VS")->isEnabled());
+    for (const char* off : {"Com1", "Com2", "VS", "OptWord"})
+        QVERIFY2(!in(off)->isEnabled(), off);
     QVERIFY(in<QRadioButton>("OptByte")->isEnabled());
-    QVERIFY(!in<QRadioButton>("OptWord")->isEnabled());
     QCOMPARE(in<QListWidget>("List")->count(), 24);
     // the pop-up offers the main menu's code lists under their captions
     const QStringList main = {"nReact", "nAction", "nTrig", "nName", "nItem", "nIq", "nOq"};
@@ -106,20 +104,18 @@ void EditDialogTest::typeReplaceApplyAndUndo() {
     QVERIFY(changed());
 }
 
+// Which key passes is the core's rule; here: that typing and the pad go through it.
 void EditDialogTest::theEntryTakesDigitsOnly() {
-    const QString typed = "1a-2.+3 e4ф5ы", kept = "12345";
     openOn(0);
-    for (const QChar c : typed) { // as typed, whatever the alphabet
-        QKeyEvent press(QEvent::KeyPress,
-                        c.isDigit() ? Qt::Key_0 + c.digitValue() : Qt::Key_unknown, Qt::NoModifier,
-                        QString(c));
+    for (const QChar c : QString("1aф2")) { // as typed, whatever the alphabet
+        const int key = c.isDigit() ? Qt::Key_0 + c.digitValue() : Qt::Key_unknown;
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(c));
         QApplication::sendEvent(entry(), &press);
     }
-    QCOMPARE(entry()->text(), kept);
     // the numeric pad types digits here; the main window's keys wait for the dialog
     QTest::keyClick(entry(), Qt::Key_7, Qt::KeypadModifier);
     QTest::keyClick(entry(), Qt::Key_Plus, Qt::KeypadModifier);
-    QCOMPARE(entry()->text(), kept + "7");
+    QCOMPARE(entry()->text(), "127");
     QCOMPARE(win().session().cursor().position(), 1);
     QCOMPARE(f->prompts.beeps, 0);
     entry()->setText("abc"); // as a paste from the context menu: no number at all
@@ -150,13 +146,11 @@ void EditDialogTest::lettersBAndWEncodeInTheirMode() {
     QCOMPARE(encoded(), "");
     QTest::keyClick(entry(), Qt::Key_B);
     QCOMPARE(encoded(), "0A");
-    QCOMPARE(entry()->text(), "10"); // the letter itself is dropped
-    in<QListWidget>("List")->setCurrentRow(1);
-    QVERIFY(!in<QPushButton>("Com1")->isEnabled()); // a Byte text on a Word row
-    in<QListWidget>("List")->setFocus();            // whichever control has the focus
+    QCOMPARE(entry()->text(), "10");           // the letter itself is dropped
+    in<QListWidget>("List")->setCurrentRow(1); // a Word
+    in<QListWidget>("List")->setFocus();       // whichever control has the focus
     QTest::keyClick(in<QListWidget>("List"), Qt::Key_W);
     QCOMPARE(encoded(), "0A 00");
-    QVERIFY(in<QPushButton>("Com1")->isEnabled());
 }
 
 void EditDialogTest::codeListsAreShownOnTheMainWindowAndScrolled() {

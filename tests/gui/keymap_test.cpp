@@ -8,118 +8,83 @@ using parlex::gui::keyCommand;
 using parlex::gui::KeySource;
 using parlex::gui::latinKey;
 
-// Qt names a letter outside Latin by its upper-case Unicode code point.
-constexpr int cyr(int codePoint) {
-    return codePoint;
-}
-
 class KeyMapTest : public QObject {
     Q_OBJECT
 private slots:
-    void recordKeysNeedAnOpenScript();
-    void numericPadIsToldApartFromOtherKeys();
-    void f2SavesOnlyWithoutModifiers();
-    void lettersAreTakenByTheirPlaceOnTheKeyboard_data();
+    void everyKeyHasItsCommand();
     void lettersAreTakenByTheirPlaceOnTheKeyboard();
-    void keySourceByPlatform();
 };
 
 namespace {
+constexpr auto None = Qt::NoModifier;
 constexpr auto Pad = Qt::KeypadModifier;
 constexpr auto Ctrl = Qt::ControlModifier;
 constexpr auto Alt = Qt::AltModifier;
 constexpr auto Shift = Qt::ShiftModifier;
 } // namespace
 
-void KeyMapTest::recordKeysNeedAnOpenScript() {
-    const struct {
-        int key;
-        Qt::KeyboardModifiers mods;
-        Command open;
-    } cases[] = {
-        {Qt::Key_Slash, Pad, Command::FirstRecord},
-        {Qt::Key_Asterisk, Pad | Shift, Command::LastRecord},
-        {Qt::Key_S, Alt, Command::Save},
-        {Qt::Key_C, Alt, Command::Copy},
-        {Qt::Key_Period, Pad | Ctrl, Command::DeleteStandard},
-        {Qt::Key_Period, Pad, Command::Delete},
-        {Qt::Key_Plus, Pad | Ctrl, Command::ForwardFive},
-        {Qt::Key_Plus, Pad, Command::Next},
-        {Qt::Key_Minus, Pad | Ctrl, Command::BackFive},
+void KeyMapTest::everyKeyHasItsCommand() {
+    // A key with its modifiers; its command with a script open and without one.
+    const std::tuple<int, Qt::KeyboardModifiers, Command, Command> cases[] = {
+        {Qt::Key_Slash, Pad, Command::FirstRecord, Command::None},
+        {Qt::Key_Asterisk, Pad | Shift, Command::LastRecord, Command::None},
+        {Qt::Key_S, Alt, Command::Save, Command::None},
+        {Qt::Key_S, Alt | Shift, Command::None, Command::None},
+        {Qt::Key_C, Alt, Command::Copy, Command::None},
+        {Qt::Key_Period, Pad | Ctrl, Command::DeleteStandard, Command::None},
+        {Qt::Key_Period, Pad, Command::Delete, Command::None},
+        {Qt::Key_Plus, Pad | Ctrl, Command::ForwardFive, Command::None},
+        {Qt::Key_Plus, Pad, Command::Next, Command::None},
+        {Qt::Key_Minus, Pad | Ctrl, Command::BackFive, Command::None},
+        {Qt::Key_F2, None, Command::Save, Command::None},
+        {Qt::Key_F2, Shift, Command::None, Command::None},
+        {Qt::Key_F2, Ctrl | Shift, Command::None, Command::None},
+        {Qt::Key_F2, Ctrl, Command::SpeechSaveAs, Command::SpeechSaveAs},
+        {Qt::Key_F1, Ctrl, Command::SpeechInfo, Command::SpeechInfo},
+        {Qt::Key_F3, Ctrl, Command::PopupMenu, Command::PopupMenu},
+        {Qt::Key_X, Alt, Command::Exit, Command::Exit},
+        // The pad's phrase keys with Num Lock on and off; the same keys off the pad
+        // belong to the text, and so do the pad's other digits.
+        {Qt::Key_7, Pad, Command::PhraseHome, Command::PhraseHome},
+        {Qt::Key_Home, Pad, Command::PhraseHome, Command::PhraseHome},
+        {Qt::Key_4, Pad, Command::PhraseBack, Command::PhraseBack},
+        {Qt::Key_Left, Pad, Command::PhraseBack, Command::PhraseBack},
+        {Qt::Key_6, Pad, Command::PhraseNext, Command::PhraseNext},
+        {Qt::Key_Right, Pad, Command::PhraseNext, Command::PhraseNext},
+        {Qt::Key_1, Pad, Command::PhraseEnd, Command::PhraseEnd},
+        {Qt::Key_End, Pad, Command::PhraseEnd, Command::PhraseEnd},
+        {Qt::Key_3, Pad, Command::PhraseFirstFilled, Command::PhraseFirstFilled},
+        {Qt::Key_PageDown, Pad, Command::PhraseFirstFilled, Command::PhraseFirstFilled},
+        {Qt::Key_9, Pad, Command::PhraseLastFilled, Command::PhraseLastFilled},
+        {Qt::Key_PageUp, Pad, Command::PhraseLastFilled, Command::PhraseLastFilled},
+        {Qt::Key_7, None, Command::None, Command::None},
+        {Qt::Key_Home, None, Command::None, Command::None},
+        {Qt::Key_2, Pad, Command::None, Command::None},
+        {Qt::Key_0, Pad, Command::None, Command::None},
+        {Qt::Key_Plus, None, Command::None, Command::None},
+        {Qt::Key_Delete, None, Command::None, Command::None},
     };
-    for (const auto& c : cases) {
-        QCOMPARE(keyCommand(c.key, c.mods, true), c.open);
-        QCOMPARE(keyCommand(c.key, c.mods, false), Command::None);
+    for (const auto& [key, mods, open, closed] : cases) {
+        QCOMPARE(keyCommand(key, mods, true), open);
+        QCOMPARE(keyCommand(key, mods, false), closed);
     }
-    // Keys that always work.
-    QCOMPARE(keyCommand(Qt::Key_F1, Ctrl, false), Command::SpeechInfo);
-    QCOMPARE(keyCommand(Qt::Key_F2, Ctrl, false), Command::SpeechSaveAs);
-    QCOMPARE(keyCommand(Qt::Key_F3, Ctrl, true), Command::PopupMenu);
-    QCOMPARE(keyCommand(Qt::Key_X, Alt, false), Command::Exit);
-}
-
-void KeyMapTest::numericPadIsToldApartFromOtherKeys() {
-    const struct {
-        int numLockOn, numLockOff;
-        Command action;
-    } pad[] = {
-        {Qt::Key_7, Qt::Key_Home, Command::PhraseHome},
-        {Qt::Key_4, Qt::Key_Left, Command::PhraseBack},
-        {Qt::Key_6, Qt::Key_Right, Command::PhraseNext},
-        {Qt::Key_1, Qt::Key_End, Command::PhraseEnd},
-        {Qt::Key_3, Qt::Key_PageDown, Command::PhraseFirstFilled},
-        {Qt::Key_9, Qt::Key_PageUp, Command::PhraseLastFilled},
-    };
-    for (const auto& p : pad) {
-        QCOMPARE(keyCommand(p.numLockOn, Pad, true), p.action);
-        QCOMPARE(keyCommand(p.numLockOff, Pad, false), p.action);
-        // The same keys off the pad belong to the text.
-        QCOMPARE(keyCommand(p.numLockOn, Qt::NoModifier, true), Command::None);
-        QCOMPARE(keyCommand(p.numLockOff, Qt::NoModifier, true), Command::None);
-    }
-    for (int digit : {Qt::Key_2, Qt::Key_5, Qt::Key_8, Qt::Key_0})
-        QCOMPARE(keyCommand(digit, Pad, true), Command::None);
-    QCOMPARE(keyCommand(Qt::Key_Plus, Qt::NoModifier, true), Command::None);
-    QCOMPARE(keyCommand(Qt::Key_Delete, Qt::NoModifier, true), Command::None);
-}
-
-void KeyMapTest::f2SavesOnlyWithoutModifiers() {
-    QCOMPARE(keyCommand(Qt::Key_F2, Qt::NoModifier, true), Command::Save);
-    QCOMPARE(keyCommand(Qt::Key_F2, Shift, true), Command::None);
-    QCOMPARE(keyCommand(Qt::Key_F2, Ctrl | Shift, true), Command::None);
-    QCOMPARE(keyCommand(Qt::Key_F2, Ctrl, true), Command::SpeechSaveAs);
-    QCOMPARE(keyCommand(Qt::Key_S, Alt | Shift, true), Command::None);
-}
-
-void KeyMapTest::lettersAreTakenByTheirPlaceOnTheKeyboard_data() {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<quint32>("scanCode");
-    QTest::addColumn<quint32>("virtualKey");
-    QTest::addColumn<int>("source");
-    QTest::addColumn<int>("latin");
-    const int x11 = int(KeySource::X11), win = int(KeySource::Windows),
-              other = int(KeySource::Other);
-    // A Russian layout: the keys of S, C, V, X, B, W type Ы, С, М, Ч, И, Ц.
-    QTest::newRow("X11 Ы is S") << cyr(0x42B) << 39u << 0u << x11 << int(Qt::Key_S);
-    QTest::newRow("X11 Ь is M") << cyr(0x42C) << 58u << 0u << x11 << int(Qt::Key_M);
-    QTest::newRow("X11 Ж is not a letter") << cyr(0x416) << 47u << 0u << x11 << cyr(0x416);
-    QTest::newRow("Windows Ы is S") << cyr(0x42B) << 31u << quint32('S') << win << int(Qt::Key_S);
-    QTest::newRow("Latin letters stay")
-        << int(Qt::Key_S) << 40u << quint32('D') << x11 << int(Qt::Key_S);
-    QTest::newRow("F2 stays") << int(Qt::Key_F2) << 68u << 0u << x11 << int(Qt::Key_F2);
-    QTest::newRow("no codes: as typed") << cyr(0x42B) << 39u << quint32('S') << other << cyr(0x42B);
 }
 
 void KeyMapTest::lettersAreTakenByTheirPlaceOnTheKeyboard() {
-    QFETCH(int, key);
-    QFETCH(quint32, scanCode);
-    QFETCH(quint32, virtualKey);
-    QFETCH(int, source);
-    QFETCH(int, latin);
-    QCOMPARE(latinKey(key, scanCode, virtualKey, KeySource(source)), latin);
-}
-
-void KeyMapTest::keySourceByPlatform() {
+    // Qt names a letter outside Latin by its upper-case code point. A Russian layout:
+    // the keys of S and M type Ы and Ь. The key, its scan code (X11) and virtual key
+    // (Windows), where the codes come from, the key it counts as.
+    const std::tuple<int, quint32, quint32, KeySource, int> cases[] = {
+        {0x42B, 39, 0, KeySource::X11, Qt::Key_S},
+        {0x42C, 58, 0, KeySource::X11, Qt::Key_M},
+        {0x416, 47, 0, KeySource::X11, 0x416}, // Ж is not a letter of the Latin layout
+        {0x42B, 31, 'S', KeySource::Windows, Qt::Key_S},
+        {Qt::Key_S, 40, 'D', KeySource::X11, Qt::Key_S}, // Latin letters stay
+        {Qt::Key_F2, 68, 0, KeySource::X11, Qt::Key_F2},
+        {0x42B, 39, 'S', KeySource::Other, 0x42B}, // no codes: as typed
+    };
+    for (const auto& [key, scanCode, virtualKey, source, latin] : cases)
+        QCOMPARE(latinKey(key, scanCode, virtualKey, source), latin);
     QCOMPARE(parlex::gui::keySourceFor("xcb"), KeySource::X11);
     QCOMPARE(parlex::gui::keySourceFor("wayland-egl"), KeySource::X11);
     QCOMPARE(parlex::gui::keySourceFor("windows"), KeySource::Windows);
