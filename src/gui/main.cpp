@@ -2,6 +2,8 @@
 #include "core/association/systemassociation.h"
 #include "core/platform/files.h"
 #include "core/settings/locations.h"
+#include "gui/app/deferredicons.h"
+#include "gui/app/drawings.h"
 #include "gui/app/translations.h"
 #include "gui/mainwindow/mainwindow.h"
 #include "gui/prompts/dialogprompts.h"
@@ -10,12 +12,12 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QIcon>
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("parlex"); // the user's folders are named after it
-    QApplication::setWindowIcon(QIcon(":/icons/org.parlex.Parlex.svg"));
+    QApplication::setStyle(new parlex::gui::DeferredIconStyle); // Qt's pictures when drawn
+    QApplication::setWindowIcon(parlex::gui::programIcon());
     QGuiApplication::setDesktopFileName("org.parlex.Parlex");
     parlex::gui::loadQtTranslations(app);
     parlex::gui::DialogPrompts prompts;

@@ -1,4 +1,6 @@
 // Qt's own dialogs as the user meets them: Russian texts and the filter lists.
+#include "gui/app/deferredicons.h"
+#include "gui/app/drawings.h"
 #include "gui/app/translations.h"
 #include "gui/prompts/dialogprompts.h"
 #include "gui/prompts/fontchooser.h"
@@ -22,6 +24,8 @@ private slots:
     void qtSpeaksRussian();
     void filterListShowsTheTextsExactly();
     void fontSizesStayWithinTheLimits();
+    void qtPicturesAreTheStylesOnceDrawn();
+    void theProgramsPicturesComeInEverySizeDrawn();
 };
 
 void DialogsTest::initTestCase() {
@@ -75,6 +79,28 @@ void DialogsTest::fontSizesStayWithinTheLimits() {
         QCOMPARE(font.pointSize, chosen);
         QVERIFY(font.bold && font.italic && !font.family.empty());
     }
+}
+
+// Qt's own pictures are read when first drawn, and then are what the style draws.
+void DialogsTest::qtPicturesAreTheStylesOnceDrawn() {
+    parlex::gui::DeferredIconStyle style;
+    for (auto picture : {QStyle::SP_ToolBarHorizontalExtensionButton, QStyle::SP_MessageBoxWarning,
+                         QStyle::SP_DialogOkButton}) {
+        const QIcon deferred = style.standardIcon(picture);
+        QVERIFY(!deferred.isNull());
+        QCOMPARE(deferred.pixmap(32).toImage(),
+                 style.baseStyle()->standardIcon(picture).pixmap(32).toImage());
+    }
+}
+
+// Drawn at build time: every size, each with something in its middle.
+void DialogsTest::theProgramsPicturesComeInEverySizeDrawn() {
+    QCOMPARE(
+        parlex::gui::programIcon().availableSizes(),
+        (QList<QSize>{{16, 16}, {24, 24}, {32, 32}, {48, 48}, {64, 64}, {96, 96}, {128, 128}}));
+    QCOMPARE(parlex::gui::scriptIcon().availableSizes(), (QList<QSize>{{16, 16}, {32, 32}}));
+    for (const QIcon& icon : {parlex::gui::programIcon(), parlex::gui::scriptIcon()})
+        QVERIFY(icon.pixmap(16).toImage().pixelColor(8, 8).alpha() > 0);
 }
 
 QTEST_MAIN(DialogsTest)

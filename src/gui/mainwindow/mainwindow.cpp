@@ -1,6 +1,7 @@
 #include "gui/mainwindow/mainwindow.h"
 
 #include "core/explain/fieldlayout.h"
+#include "gui/app/drawings.h"
 #include "gui/app/statuspanels.h"
 #include "gui/codes/codelistpane.h"
 #include "gui/mainwindow/bytegrid.h"
@@ -13,7 +14,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QIcon>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QSlider>
@@ -38,7 +38,7 @@ MainWindow::MainWindow(UserPrompts& prompts, std::filesystem::path programDir, Q
     : QMainWindow(parent), prompts_(prompts), session_(prompts, std::move(programDir)),
       keySource_(keySourceFor(QGuiApplication::platformName())) {
     setWindowTitle("PARLEX");
-    setWindowIcon(QIcon(":/icons/org.parlex.Parlex.svg"));
+    setWindowIcon(programIcon());
     setMinimumSize(kMinWidth, kMinHeight);
     buildControls();
     menus_ = std::make_unique<MainMenus>(this);
@@ -173,7 +173,7 @@ void MainWindow::wireSession() {
 
 void MainWindow::documentReplaced() {
     const NpcFile* script = session_.script();
-    sbar_->setPicture(2, QIcon(":/icons/script.svg"));
+    sbar_->setPicture(2, scriptIcon());
     if (script->isNew()) {
         sbar_->setText(2, "Новый");
         sbar_->setText(3, "Новый");
