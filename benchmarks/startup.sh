@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Start-up time: from process start until its window is mapped on the screen, for
 # parlex on the example script and for a minimal Qt window (one QLabel), alternating,
-# under one Xvfb server. Prints the median of each and their ratio.
+# under one Xvfb server; and the memory each holds then (resident set). Prints the
+# median of each and their ratios.
 # Needs: xvfb, xdotool (apt-get install xvfb xdotool). Usage: benchmarks/startup.sh [RUNS]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -32,20 +33,29 @@ measure() { # title, command...
         sleep 0.01
     done
     end=$(date +%s%N)
+    local rss
+    rss=$(awk '/^VmRSS:/ {print $2}' /proc/$pid/status)
     kill $pid; wait $pid 2>/dev/null || true
-    echo $(( (end - start) / 1000 ))
+    echo "$(( (end - start) / 1000 )) $rss"
 }
 
 median() { sort -n | awk '{a[NR]=$1} END {print (NR%2 ? a[(NR+1)/2] : (a[NR/2]+a[NR/2+1])/2)}'; }
 
-parlex=(); minimal=()
+parlex=(); minimal=(); parlexKb=(); minimalKb=()
 for ((i = 0; i < runs; i++)); do
-    t=$(measure MINIMAL "$build/benchmarks/minimal-window"); [ -n "$t" ] && minimal+=("$t")
-    t=$(measure PARLEX "$build/parlex" examples/053.npc); [ -n "$t" ] && parlex+=("$t")
+    if r=$(measure MINIMAL "$build/benchmarks/minimal-window") && [ -n "$r" ]; then
+        minimal+=("${r% *}"); minimalKb+=("${r#* }")
+    fi
+    if r=$(measure PARLEX "$build/parlex" examples/053.npc) && [ -n "$r" ]; then
+        parlex+=("${r% *}"); parlexKb+=("${r#* }")
+    fi
 done
 m=$(printf '%s\n' "${minimal[@]}" | median)
 p=$(printf '%s\n' "${parlex[@]}" | median)
+mk=$(printf '%s\n' "${minimalKb[@]}" | median)
+pk=$(printf '%s\n' "${parlexKb[@]}" | median)
 echo "runs: $runs (measured: minimal ${#minimal[@]}, parlex ${#parlex[@]})"
-echo "minimal window median: ${m} us"
-echo "parlex + example median: ${p} us"
-awk -v p="$p" -v m="$m" 'BEGIN { printf "ratio: %.2f\n", p / m }'
+echo "minimal window median: ${m} us, ${mk} KiB resident"
+echo "parlex + example median: ${p} us, ${pk} KiB resident"
+awk -v p="$p" -v m="$m" -v pk="$pk" -v mk="$mk" \
+    'BEGIN { printf "ratio: %.2f (time), %.2f (memory)\n", p / m, pk / mk }'

@@ -2,6 +2,7 @@
 
 #include "core/explain/fieldlayout.h"
 #include "gui/app/drawings.h"
+#include "gui/app/startclock.h"
 #include "gui/app/statuspanels.h"
 #include "gui/codes/codelistpane.h"
 #include "gui/mainwindow/bytegrid.h"
@@ -37,15 +38,18 @@ QString q(const std::string& s) {
 MainWindow::MainWindow(UserPrompts& prompts, std::filesystem::path programDir, QWidget* parent)
     : QMainWindow(parent), prompts_(prompts), session_(prompts, std::move(programDir)),
       keySource_(keySourceFor(QGuiApplication::platformName())) {
+    StartClock::mark("window: session");
     setWindowTitle("PARLEX");
     setWindowIcon(programIcon());
     setMinimumSize(kMinWidth, kMinHeight);
     buildControls();
     menus_ = std::make_unique<MainMenus>(this);
+    StartClock::mark("window: menus");
     wireMenus();
     wireSession();
     updateCommands();
     qApp->installEventFilter(this);
+    StartClock::mark("window: wired");
 }
 
 MainWindow::~MainWindow() {
@@ -71,11 +75,15 @@ void MainWindow::buildControls() {
 
     grid_ = new ByteGrid(central);
     layout->addWidget(grid_);
+    StartClock::mark("window: slider and byte grid");
 
     help_ = new HelpPanel(central);
+    StartClock::mark("window: help panel");
     codes_ = new CodeListPane(session_.lists(), central);
+    StartClock::mark("window: code-list pane");
     speech_ = new SpeechPane(session_.speech(), central);
     speech_->text()->installEventFilter(this);
+    StartClock::mark("window: speech pane");
 
     paneBar_ = new QSplitter(Qt::Horizontal, central);
     paneBar_->setObjectName("Pic1");
@@ -107,6 +115,7 @@ void MainWindow::buildControls() {
 
     setCentralWidget(central);
     resize(760, 560);
+    StartClock::mark("window: bars and status panels");
 }
 
 void MainWindow::wireMenus() {
