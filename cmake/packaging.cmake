@@ -60,10 +60,10 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Parlex developers")
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
-# The libraries the programs link come from dpkg-shlibdeps; Qt's SVG plug-in, which
-# draws the icons, is loaded at run time and named here.
+# The libraries the programs link come from dpkg-shlibdeps. The program's own pictures
+# are drawn at build time; Qt's SVG plug-ins only serve the desktop's icon themes in
+# the file dialogs, so they are recommended, not required.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "xdg-utils, shared-mime-info, desktop-file-utils, qt6-translations-l10n")
+    "xdg-utils, shared-mime-info, desktop-file-utils, qt6-translations-l10n, libqt6svg6")
 include(CPack)
