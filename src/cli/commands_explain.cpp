@@ -4,8 +4,11 @@
 #include "core/codelists/codelists.h"
 #include "core/explain/explainer.h"
 #include "core/explain/fieldlayout.h"
+#include "core/mod/overview.h"
 #include "core/npc/npcfile.h"
 #include "core/platform/files.h"
+#include "core/speech/companion.h"
+#include "core/speech/edtfile.h"
 #include "core/text/hex.h"
 #include "core/text/numbers.h"
 
@@ -98,7 +101,43 @@ int runExplain(const Args& args, Io io) {
         io);
 }
 
+// The script whole: a line for each record and each phrase, as the window's overview
+// shows them. The speech file is --edt, else the one beside the script, as lint finds it.
+int runOverview(const Args& args, Io io) {
+    if (args.positional.size() != 1)
+        return usage("overview", "нужен ровно один файл .npc", io);
+    const auto readable = readableListsFolder(args);
+    if (!readable)
+        return report(readable.error(), io);
+    const CodeLists lists(*readable, false);
+    const auto script = NpcFile::load(pathArg(args.positional[0]));
+    if (!script)
+        return report(script.error(), io);
+    std::optional<EdtFile> speech;
+    mod::SpeechSource source;
+    const auto edtPath = args.value("--edt") ? std::optional(pathArg(*args.value("--edt")))
+                                             : findCompanion(script->path());
+    if (edtPath) {
+        auto file = EdtFile::load(*edtPath, EdtKind::NpcDialogues);
+        if (!file)
+            return report(file.error(), io);
+        const auto size = platform::fileSize(*edtPath);
+        speech = std::move(*file);
+        source = {&*speech, size ? static_cast<int>(*size / speech->info().recordSize) : 0};
+    }
+    const auto records = mod::recordRows(*script, source, lists, args.has("--empty"));
+    const auto phrases = mod::phraseRows(*script, source, !args.has("--all-phrases"));
+    io.out << (args.has("--json") ? mod::overviewJson(records, phrases) + "\n"
+                                  : mod::overviewText(records, phrases));
+    return kOk;
+}
+
 constexpr OptionSpec kOptions[] = {{"--record", true}, {"--lists", true}, {"--json", false}};
+constexpr OptionSpec kOverviewOptions[] = {{"--edt", true},
+                                           {"--lists", true},
+                                           {"--json", false},
+                                           {"--empty", false},
+                                           {"--all-phrases", false}};
 
 constexpr Command kCommands[] = {
     {"explain", "explain PATH... [--record N] [--lists DIR] [--json]",
@@ -111,6 +150,20 @@ constexpr Command kCommands[] = {
      "PATH: файл .npc или папка (все *.npc внутри). Несколько файлов: каждый под строкой\n"
      "\"==> ФАЙЛ <==\", а с --json по строке JSON на файл с ключом \"file\".",
      kOptions, runExplain},
+    {"overview",
+     "overview FILE.npc [--edt FILE.edt] [--lists DIR] [--json] [--empty] [--all-phrases]",
+     "весь скрипт разом: строка на запись и строка на фразу, как в обзоре окна",
+     "Записи: номер, когда срабатывает, что делает, что говорит (номера фраз и текст\n"
+     "первой) и замечания, как их находит lint (\"!\" - ошибка). Пустые записи - с --empty.\n"
+     "Фразы речевого файла (--edt, иначе файл .EDT рядом со скриптом): номер, текст, длина\n"
+     "против предела вида и записи, которые её говорят; без --all-phrases - только\n"
+     "заполненные и те, что говорит какая-либо запись. Текст разделён табуляциями\n"
+     "(вставляется в электронную таблицу как есть).\n"
+     "--json: {\"records\":[{\"record\":1, \"empty\":..., \"when\":..., \"does\":...,\n"
+     "\"says\":..., \"phrases\":{\"first\":..., \"count\":...}, \"findings\":[{\"field\":...,\n"
+     "\"severity\":..., \"message\":...}]}], \"phrases\":[{\"phrase\":0, \"text\":...,\n"
+     "\"length\":..., \"limit\":..., \"present\":..., \"spokenBy\":[...]}]}",
+     kOverviewOptions, runOverview},
 };
 
 } // namespace

@@ -209,6 +209,23 @@ TEST_F(Cli, ExplainSpeaksTextAndJson) {
     run(steps);
 }
 
+TEST_F(Cli, OverviewShowsTheScriptWhole) {
+    std::filesystem::copy_file(std::filesystem::path(PARLEX_EXAMPLE).replace_filename("053.EDT"),
+                               dir / "s.edt");
+    const Step steps[] = {
+        {.args = "overview @053.npc --edt @s.edt --lists @lists",
+         .out = {"Запись\tКогда\tЧто делает\tГоворит\tЗамечаний\tЗамечания\n1\t",
+                 "\nФраза\tТекст\tДлина\tГоворят записи\n0\tПривет, чужак.",
+                 "\n8\t№_0 <Игрок говорит или дружески или прямо>; №_3; "}},
+        {.args = "overview @053.npc --lists @lists --json",
+         .out = {"{\"records\":[{\"record\":1,", "\"says\":\"фраза 0\"", "],\"phrases\":[]}\n"},
+         .lines = 1},
+        {"overview @053.npc @053.npc", 2, {}, "ровно один"},
+        {"overview @gone.npc", 1, {}, "gone.npc"},
+    };
+    run(steps);
+}
+
 TEST_F(Cli, WholeModCommandsExitByWhatTheyFind) {
     auto wrong = testutil::script({3});
     wrong[2 * 32 + 19] = 1;

@@ -31,10 +31,6 @@ TEST(Paths, CyrillicNamesAreReadSavedAndShownAsTyped) {
     EXPECT_EQ(missing.error().kind, ErrorKind::NotFound);
 }
 
-} // namespace
-
-namespace {
-
 // A bare file name, as typed on a command line, is saved in the current folder.
 TEST(Paths, ABareNameIsSavedInTheCurrentFolder) {
     testutil::TempDir dir;

@@ -45,13 +45,13 @@ Speech readSpeech(const fs::path& script, const CompanionIndex& companions,
 }
 
 void lintPhrases(const fs::path& script, int position, const NpcRecord& record,
-                 const Speech& speech, std::vector<Finding>& findings) {
+                 const SpeechSource& speech, std::vector<Finding>& findings) {
     const auto spoken = spokenPhrases(record);
     if (!speech.file || !spoken)
         return;
     std::vector<int> missing, empty;
     for (int p = spoken->first; p < spoken->first + spoken->count; ++p) {
-        if (p >= speech.phrasesOnDisk)
+        if (p >= speech.phrases)
             missing.push_back(p);
         else if (speech.file->phraseBytes(p).empty())
             empty.push_back(p);
@@ -60,7 +60,7 @@ void lintPhrases(const fs::path& script, int position, const NpcRecord& record,
     if (!missing.empty())
         findings.push_back({script, position, fields::PhraseFirst, Severity::Warning,
                             "фразы " + numberRanges(missing) + " нет в файле " + name +
-                                " (в нём фраз: " + std::to_string(speech.phrasesOnDisk) + ")"});
+                                " (в нём фраз: " + std::to_string(speech.phrases) + ")"});
     if (!empty.empty())
         findings.push_back({script, position, fields::PhraseFirst, Severity::Warning,
                             (empty.size() == 1 ? "фраза " : "фразы ") + numberRanges(empty) +
@@ -76,30 +76,35 @@ void lintBytes(const fs::path& path, const npcformat::FileBytes& bytes, const Co
                             "хвост файла \"ja\" (байты 1573-1600) не нулевой: сохранение "
                             "запишет туда нули"});
     const Speech speech = readSpeech(path, companions, findings);
+    const SpeechSource source{speech.file ? &*speech.file : nullptr, speech.phrasesOnDisk};
     const ExplainContext context{script.type(), &lists, false, 0};
     for (std::size_t i = 0; i < script.recordCount(); ++i) {
         const NpcRecord& record = script.record(i);
-        if (isEmptyRecord(record))
-            continue;
-        const int position = static_cast<int>(i) + 1;
-        for (const FieldInfo& field : fieldTable()) {
-            // Most fields are fine: their sentence is composed only for a finding.
-            const Verdict verdict = judge(&record, field.index, context);
-            if (!verdict.alert && !verdict.remark)
-                continue;
-            const Explanation e = explain(&record, field.index, context);
-            if (e.alert)
-                findings.push_back({path, position, field.index, Severity::Error,
-                                    std::string(field.name) + ": " + e.text});
-            else if (!e.remark.empty())
-                findings.push_back({path, position, field.index, Severity::Warning,
-                                    std::string(field.name) + ": " + e.text + e.remark});
-        }
-        lintPhrases(path, position, record, speech, findings);
+        if (!isEmptyRecord(record))
+            lintRecord(path, static_cast<int>(i) + 1, record, context, source, findings);
     }
 }
 
 } // namespace
+
+void lintRecord(const fs::path& script, int position, const NpcRecord& record,
+                const ExplainContext& context, const SpeechSource& speech,
+                std::vector<Finding>& findings) {
+    for (const FieldInfo& field : fieldTable()) {
+        // Most fields are fine: their sentence is composed only for a finding.
+        const Verdict verdict = judge(&record, field.index, context);
+        if (!verdict.alert && !verdict.remark)
+            continue;
+        const Explanation e = explain(&record, field.index, context);
+        if (e.alert)
+            findings.push_back({script, position, field.index, Severity::Error,
+                                std::string(field.name) + ": " + e.text});
+        else if (!e.remark.empty())
+            findings.push_back({script, position, field.index, Severity::Warning,
+                                std::string(field.name) + ": " + e.text + e.remark});
+    }
+    lintPhrases(script, position, record, speech, findings);
+}
 
 std::string numberRanges(const std::vector<int>& numbers) {
     std::string out;

@@ -1,14 +1,28 @@
 #pragma once
 
+#include "core/explain/explainer.h"
 #include "core/mod/findings.h"
 
 #include <span>
 
 namespace parlex {
 class CodeLists;
-}
+class EdtFile;
+} // namespace parlex
 
 namespace parlex::mod {
+
+// The speech file a script's records speak from: the file, and how many phrases it
+// holds (on disk; a phrase past them is missing). No file: nothing to check.
+struct SpeechSource {
+    const EdtFile* file = nullptr;
+    int phrases = 0;
+};
+
+// The findings of one record (see lintScript), in field order, for `script`.
+void lintRecord(const std::filesystem::path& script, int position, const NpcRecord& record,
+                const ExplainContext& context, const SpeechSource& speech,
+                std::vector<Finding>& findings);
 
 // What is worth a look in one script:
 // - an error for every field the explainer marks as wrong (dark red in the window),

@@ -1,0 +1,201 @@
+#include "core/mod/overview.h"
+
+#include "core/npc/npcfile.h"
+#include "core/speech/edtfile.h"
+#include "core/text/json.h"
+#include "core/text/lines.h"
+
+#include <algorithm>
+
+namespace parlex::mod {
+namespace {
+
+// The fields that say when a record fires, and those that say what it does, in the
+// order a sentence about them reads best. The approach (ActionCode) is always said:
+// it is what the record answers. Any other field is said only when it differs from
+// its neutral value, so that a line names what the record really asks and does.
+constexpr int kWhen[] = {fields::ActionCode,  fields::FireMode,     fields::NeededItem,
+                         fields::TriggerTrue, fields::TriggerFalse, fields::QuestHeld,
+                         fields::FirstDay,    fields::LastDay,      fields::Leadership};
+constexpr int kDoes[] = {fields::ReactionCode, fields::GivenItem,   fields::TriggerSet,
+                         fields::QuestGiven,   fields::QuestClosed, fields::MoveTo,
+                         fields::JumpNpc,      fields::JumpRecord};
+constexpr const char* kJoint = "; ";
+
+bool isNeutral(const NpcRecord& record, int field) {
+    return fieldValue(record, field) == fieldValue(kNeutralRecord, field);
+}
+
+std::string sentences(const NpcRecord& record, std::span<const int> fieldsSaid,
+                      const ExplainContext& context, bool alwaysFirst) {
+    std::string out;
+    for (const int field : fieldsSaid) {
+        if (isNeutral(record, field) && !(alwaysFirst && field == fieldsSaid.front()))
+            continue;
+        // The days are one condition: the last day's sentence covers both when set.
+        if (field == fields::FirstDay && !isNeutral(record, fields::LastDay))
+            continue;
+        const Explanation e = explain(&record, field, context);
+        out += (out.empty() ? "" : kJoint) + std::string(text::trimmed(e.text));
+    }
+    return out;
+}
+
+std::string phraseNumbers(const PhraseRange& spoken) {
+    if (spoken.count < 1)
+        return "0 фраз (с " + std::to_string(spoken.first) + ")";
+    if (spoken.count == 1)
+        return "фраза " + std::to_string(spoken.first);
+    return "фразы " + std::to_string(spoken.first) + "-" +
+           std::to_string(spoken.first + spoken.count - 1);
+}
+
+void appendCell(std::string& line, const std::string& cell) {
+    // A cell holds no tab or line break: they would split the table.
+    for (const char c : cell)
+        line += c == '\t' || c == '\n' || c == '\r' ? ' ' : c;
+}
+
+std::string findingsText(const std::vector<Finding>& findings) {
+    std::string out;
+    for (const Finding& f : findings)
+        out += (out.empty() ? "" : " | ") + std::string(f.severity == Severity::Error ? "! " : "") +
+               f.message;
+    return out;
+}
+
+std::string numbersJson(const std::vector<int>& numbers) {
+    std::string out = "[";
+    for (const int n : numbers)
+        out += (out.size() > 1 ? "," : "") + std::to_string(n);
+    return out + "]";
+}
+
+} // namespace
+
+std::optional<RecordRow> recordRow(const NpcFile& script, int position, const SpeechSource& speech,
+                                   const CodeLists& lists) {
+    const NpcRecord* record = script.recordAt(position);
+    if (!record)
+        return std::nullopt;
+    RecordRow row;
+    row.position = position;
+    row.empty = isEmptyRecord(*record);
+    if (row.empty)
+        return row;
+    const ExplainContext context{script.type(), &lists, false, 0};
+    row.when = sentences(*record, kWhen, context, true);
+    row.does = sentences(*record, kDoes, context, false);
+    row.spoken = spokenPhrases(*record);
+    if (row.spoken) {
+        row.says = phraseNumbers(*row.spoken);
+        if (speech.file && row.spoken->first < speech.phrases) {
+            const std::string first = speech.file->phrase(row.spoken->first);
+            if (!first.empty())
+                row.says += ": «" + first + "»";
+        }
+    }
+    lintRecord(script.path(), position, *record, context, speech, row.findings);
+    return row;
+}
+
+std::vector<RecordRow> recordRows(const NpcFile& script, const SpeechSource& speech,
+                                  const CodeLists& lists, bool withEmpty) {
+    std::vector<RecordRow> rows;
+    for (int position = 1; position <= static_cast<int>(script.recordCount()); ++position)
+        if (auto row = recordRow(script, position, speech, lists);
+            row && (withEmpty || !row->empty))
+            rows.push_back(std::move(*row));
+    return rows;
+}
+
+std::vector<PhraseRow> phraseRows(const NpcFile& script, const SpeechSource& speech,
+                                  bool onlyFilled) {
+    std::vector<PhraseRow> rows;
+    if (!speech.file)
+        return rows;
+    const EdtFile& file = *speech.file;
+    for (int number = 0; number <= file.lastPhrase(); ++number) {
+        PhraseRow row;
+        row.number = number;
+        row.present = number < speech.phrases;
+        row.text = row.present ? file.phrase(number) : std::string();
+        row.length = row.present ? static_cast<int>(file.phraseBytes(number).size()) : 0;
+        row.limit = static_cast<int>(file.info().textLimit);
+        for (std::size_t i = 0; i < script.recordCount(); ++i) {
+            const auto spoken = spokenPhrases(script.record(i));
+            if (spoken && spoken->contains(number))
+                row.spokenBy.push_back(static_cast<int>(i) + 1);
+        }
+        if (!onlyFilled || !row.text.empty() || !row.spokenBy.empty())
+            rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+std::string overviewText(const std::vector<RecordRow>& records,
+                         const std::vector<PhraseRow>& phrases) {
+    std::string out = "Запись\tКогда\tЧто делает\tГоворит\tЗамечаний\tЗамечания\n";
+    for (const RecordRow& r : records) {
+        std::string line = std::to_string(r.position);
+        for (const std::string* cell : {&r.when, &r.does, &r.says}) {
+            line += '\t';
+            appendCell(line, r.empty ? std::string("(пустая)") : *cell);
+            if (r.empty)
+                break;
+        }
+        if (!r.empty) {
+            line += '\t' + std::to_string(r.findings.size()) + '\t';
+            appendCell(line, findingsText(r.findings));
+        }
+        out += line + "\n";
+    }
+    if (phrases.empty())
+        return out;
+    out += "\nФраза\tТекст\tДлина\tГоворят записи\n";
+    for (const PhraseRow& p : phrases) {
+        std::string line = std::to_string(p.number) + '\t';
+        appendCell(line, p.present ? p.text : std::string("(нет в файле)"));
+        line += '\t' + std::to_string(p.length) + "/" + std::to_string(p.limit) + '\t';
+        std::string by;
+        for (const int position : p.spokenBy)
+            by += (by.empty() ? "" : ", ") + std::to_string(position);
+        out += line + (by.empty() ? "-" : by) + "\n";
+    }
+    return out;
+}
+
+std::string overviewJson(const std::vector<RecordRow>& records,
+                         const std::vector<PhraseRow>& phrases) {
+    std::string out = "{\"records\":[";
+    for (const RecordRow& r : records) {
+        out += out.back() == '[' ? "{" : ",{";
+        out += "\"record\":" + std::to_string(r.position) +
+               ",\"empty\":" + (r.empty ? "true" : "false") +
+               ",\"when\":" + text::jsonString(r.when) + ",\"does\":" + text::jsonString(r.does) +
+               ",\"says\":" + text::jsonString(r.says);
+        out +=
+            ",\"phrases\":" + (r.spoken ? "{\"first\":" + std::to_string(r.spoken->first) +
+                                              ",\"count\":" + std::to_string(r.spoken->count) + "}"
+                                        : std::string("null"));
+        out += ",\"findings\":[";
+        for (const Finding& f : r.findings) {
+            out += out.back() == '[' ? "{" : ",{";
+            out += "\"field\":" + (f.field ? std::to_string(*f.field) : std::string("null")) +
+                   ",\"severity\":" + text::jsonString(severityName(f.severity)) +
+                   ",\"message\":" + text::jsonString(f.message) + "}";
+        }
+        out += "]}";
+    }
+    out += "],\"phrases\":[";
+    for (const PhraseRow& p : phrases) {
+        out += out.back() == '[' ? "{" : ",{";
+        out += "\"phrase\":" + std::to_string(p.number) + ",\"text\":" + text::jsonString(p.text) +
+               ",\"length\":" + std::to_string(p.length) + ",\"limit\":" + std::to_string(p.limit) +
+               ",\"present\":" + (p.present ? "true" : "false") +
+               ",\"spokenBy\":" + numbersJson(p.spokenBy) + "}";
+    }
+    return out + "]}";
+}
+
+} // namespace parlex::mod
