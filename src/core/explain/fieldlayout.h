@@ -155,6 +155,7 @@ struct PhraseRange {
     int first;
     int count;
     bool contains(int phrase) const { return phrase >= first && phrase < first + count; }
+    bool operator==(const PhraseRange&) const = default;
 };
 std::optional<PhraseRange> spokenPhrases(const NpcRecord& record);
 

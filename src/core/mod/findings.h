@@ -20,6 +20,7 @@ struct Finding {
     std::optional<int> field;  // the field's first byte, 0-31; nothing for a whole record
     Severity severity = Severity::Warning;
     std::string message;
+    bool operator==(const Finding&) const = default;
 };
 
 // Orders by file, record and field, the file's own findings first.
