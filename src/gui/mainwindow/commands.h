@@ -29,6 +29,7 @@ enum class Command {
     ConvertLayout,
     CurrentInfo,
     Edit,
+    Overview,
     Options,
     Help,
     About,
@@ -62,8 +63,8 @@ inline constexpr MenuCommand kMenuCommands[] = {
     {"nRedo", Command::Redo},           {"nSelect", Command::ConvertLayout},
     {"nCurrent", Command::CurrentInfo}, {"nEdit", Command::Edit},
     {"nOptions", Command::Options},     {"nContecst", Command::Help},
-    {"nAbout", Command::About},         {"nFon", Command::PhraseColour},
-    {"nFont", Command::PhraseFont},
+    {"nOverview", Command::Overview},   {"nAbout", Command::About},
+    {"nFon", Command::PhraseColour},    {"nFont", Command::PhraseFont},
 };
 
 } // namespace parlex::gui

@@ -10,6 +10,7 @@
 #include "gui/mainwindow/explanationbar.h"
 #include "gui/mainwindow/helppanel.h"
 #include "gui/mainwindow/menus.h"
+#include "gui/overview/overviewpane.h"
 #include "gui/speech/speechpane.h"
 
 #include <QAction>
@@ -44,6 +45,7 @@ MainWindow::MainWindow(UserPrompts& prompts, std::filesystem::path programDir, Q
     setMinimumSize(kMinWidth, kMinHeight);
     buildControls();
     menus_ = std::make_unique<MainMenus>(this);
+    menus_->action("nOverview")->setCheckable(true);
     StartClock::mark("window: menus");
     wireMenus();
     wireSession();
@@ -257,6 +259,21 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 // The one table of what each command does, for its menu item and its keys alike.
+void MainWindow::toggleOverview() {
+    if (!overview_) {
+        overview_ = new OverviewPane(session_, this);
+        addDockWidget(Qt::BottomDockWidgetArea, overview_);
+        overview_->show();
+        // The pane gets room of its own below; the grid and its panes keep theirs.
+        if (!isMaximized() && !isFullScreen())
+            resize(width(), height() + kOverviewHeight);
+        connect(overview_, &QDockWidget::visibilityChanged, menus_->action("nOverview"),
+                &QAction::setChecked);
+        return;
+    }
+    overview_->setVisible(!overview_->isVisible());
+}
+
 void MainWindow::run(Command command) {
     using C = Command;
     using Step = session::SpeechDocument::Step;
@@ -284,6 +301,7 @@ void MainWindow::run(Command command) {
         {C::ConvertLayout, [this] { session_.flows().convertLayout(); }},
         {C::CurrentInfo, [this] { session_.flows().showCurrentInfo(); }},
         {C::Edit, [this] { openEditor({}); }},
+        {C::Overview, [this] { toggleOverview(); }},
         {C::Options, [this] { openOptions(); }},
         {C::Help, [this] { openHelp(); }},
         {C::About, [this] { showAbout(); }},

@@ -23,6 +23,7 @@ class CodeListPane;
 class ExplanationBar;
 class HelpPanel;
 class MainMenus;
+class OverviewPane;
 class SpeechPane;
 class StatusPanels;
 
@@ -52,14 +53,17 @@ public:
     void showAbout();
     // The options dialog, with the desktop's file association (none: the box greyed).
     void openOptions();
+    // Shows the overview of the whole script, made when first asked for, or hides it.
+    void toggleOverview();
     void setAssociation(std::unique_ptr<FileAssociation> association) {
         association_ = std::move(association);
     }
 
     static constexpr int kMinWidth = 600; // 9000 x 7000 twips at 15 twips a pixel
     static constexpr int kMinHeight = 467;
-    static constexpr int kPathSpare = 47;    // pixels kept free beside the path in its panel
-    static constexpr int kNameToolTip = 100; // names wider than this get a tool tip
+    static constexpr int kOverviewHeight = 300; // added below for the overview pane
+    static constexpr int kPathSpare = 47;       // pixels kept free beside the path in its panel
+    static constexpr int kNameToolTip = 100;    // names wider than this get a tool tip
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -94,6 +98,7 @@ private:
     QSplitter* helpBar_ = nullptr;
     QSplitter* paneBar_ = nullptr;
     SpeechPane* speech_ = nullptr;
+    OverviewPane* overview_ = nullptr;
     StatusPanels* sbar_ = nullptr;
     StatusPanels* sbarInf_ = nullptr;
 };

@@ -71,6 +71,7 @@ const std::vector<Menu>& menuTree() {
          "&Инструменты",
          {{"nType", "&Тип файла", "", {}},
           {"nEdit", "&Редактировать", "", keys({"Ctrl+E"})},
+          {"nOverview", "&Обзор", "", keys({"Ctrl+T"})},
           {"-", "n3", "", {}},
           {"nOptions", "&Параметры", "", keys({"Ctrl+P"})}}},
         {"nKeys", "&Коды", listItems()},
