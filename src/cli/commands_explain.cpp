@@ -127,17 +127,19 @@ int runOverview(const Args& args, Io io) {
     }
     const auto records = mod::recordRows(*script, source, lists, args.has("--empty"));
     const auto phrases = mod::phraseRows(*script, source, !args.has("--all-phrases"));
-    io.out << (args.has("--json") ? mod::overviewJson(records, phrases) + "\n"
-                                  : mod::overviewText(records, phrases));
+    if (args.has("--html"))
+        io.out << mod::overviewHtml("Обзор " + script->title(), records, phrases);
+    else if (args.has("--json"))
+        io.out << mod::overviewJson(records, phrases) << "\n";
+    else
+        io.out << mod::overviewText(records, phrases);
     return kOk;
 }
 
 constexpr OptionSpec kOptions[] = {{"--record", true}, {"--lists", true}, {"--json", false}};
-constexpr OptionSpec kOverviewOptions[] = {{"--edt", true},
-                                           {"--lists", true},
-                                           {"--json", false},
-                                           {"--empty", false},
-                                           {"--all-phrases", false}};
+constexpr OptionSpec kOverviewOptions[] = {{"--edt", true},    {"--lists", true},
+                                           {"--json", false},  {"--html", false},
+                                           {"--empty", false}, {"--all-phrases", false}};
 
 constexpr Command kCommands[] = {
     {"explain", "explain PATH... [--record N] [--lists DIR] [--json]",
@@ -151,7 +153,7 @@ constexpr Command kCommands[] = {
      "\"==> ФАЙЛ <==\", а с --json по строке JSON на файл с ключом \"file\".",
      kOptions, runExplain},
     {"overview",
-     "overview FILE.npc [--edt FILE.edt] [--lists DIR] [--json] [--empty] [--all-phrases]",
+     "overview FILE.npc [--edt FILE.edt] [--lists DIR] [--json | --html] [--empty] [--all-phrases]",
      "весь скрипт разом: строка на запись и строка на фразу, как в обзоре окна",
      "Записи: номер, когда срабатывает, что делает, что говорит (номера фраз и текст\n"
      "первой) и замечания, как их находит lint (\"!\" - ошибка). Пустые записи - с --empty.\n"
@@ -162,7 +164,8 @@ constexpr Command kCommands[] = {
      "--json: {\"records\":[{\"record\":1, \"empty\":..., \"when\":..., \"does\":...,\n"
      "\"says\":..., \"phrases\":{\"first\":..., \"count\":...}, \"findings\":[{\"field\":...,\n"
      "\"severity\":..., \"message\":...}]}], \"phrases\":[{\"phrase\":0, \"text\":...,\n"
-     "\"length\":..., \"limit\":..., \"present\":..., \"spokenBy\":[...]}]}",
+     "\"length\":..., \"limit\":..., \"present\":..., \"spokenBy\":[...]}]}\n"
+     "--html: обе таблицы страницей HTML (UTF-8) для описания мода, ошибки тёмно-красным.",
      kOverviewOptions, runOverview},
 };
 

@@ -2,8 +2,10 @@
 
 #include "core/platform/files.h"
 #include "core/speech/edtfile.h"
+#include "session/pathtext.h"
 #include "session/scriptdocument.h"
 #include "session/speechdocument.h"
+#include "session/userprompts.h"
 
 #include <algorithm>
 
@@ -294,6 +296,27 @@ void Overview::phraseShown() {
         if (auto row = mod::recordRow(*npc, static_cast<int>(i) + 1, source(), lists_))
             records_.updateRow(std::move(*row), true);
     }
+}
+
+bool Overview::saveHtml(UserPrompts& prompts) const {
+    const NpcFile* npc = script_.file();
+    if (!npc)
+        return false;
+    const UserPrompts::FileRequest request{"Сохранить обзор",
+                                           pathText(npc->path().parent_path()),
+                                           pathText(npc->path().stem()) + ".html",
+                                           {{"HTML (*.html)", "*.html", "html"}},
+                                           1};
+    const auto target = prompts.saveTarget(request);
+    if (!target)
+        return false;
+    const std::string page =
+        mod::overviewHtml("Обзор " + npc->title(), records_.rows(), phrases_.rows());
+    if (auto written = platform::writeFileAtomic(target->path, page); !written) {
+        prompts.tell(written.error());
+        return false;
+    }
+    return true;
 }
 
 } // namespace parlex::session

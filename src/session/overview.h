@@ -19,6 +19,7 @@ namespace parlex::session {
 
 class ScriptDocument;
 class SpeechDocument;
+class UserPrompts;
 
 // What a row holds for a view beyond its texts.
 enum OverviewRole {
@@ -95,6 +96,10 @@ public:
     void setWithEmpty(bool withEmpty); // empty records too
     void setAllPhrases(bool all);      // every phrase, not only the filled or spoken
     void rebuild();                    // everything anew
+    // Writes both tables as an HTML page to a file the user chooses (beside the script
+    // at first), atomically like every save; a failure is told. False when nothing
+    // was written.
+    bool saveHtml(UserPrompts& prompts) const;
 
 private:
     mod::SpeechSource source() const;

@@ -220,6 +220,8 @@ TEST_F(Cli, OverviewShowsTheScriptWhole) {
         {.args = "overview @053.npc --lists @lists --json",
          .out = {"{\"records\":[{\"record\":1,", "\"says\":\"фраза 0\"", "],\"phrases\":[]}\n"},
          .lines = 1},
+        {.args = "overview @053.npc --lists @lists --html",
+         .out = {"<!DOCTYPE html>", "</html>\n"}},
         {"overview @053.npc @053.npc", 2, {}, "ровно один"},
         {"overview @gone.npc", 1, {}, "gone.npc"},
     };

@@ -107,6 +107,10 @@ TEST_F(OverviewTest, TextAndJsonHoldEveryRow) {
     EXPECT_NE(json.find("],\"phrases\":[{\"phrase\":0,\"text\":\"Фраза 0\",\"length\":7,"
                         "\"limit\":240,\"present\":true,\"spokenBy\":[1]}"),
               std::string::npos);
+    const std::string page = overviewHtml("Обзор <053>", records, phrases);
+    EXPECT_NE(page.find("<title>Обзор &lt;053&gt;</title>"), std::string::npos);
+    EXPECT_NE(page.find("<div class=\"remark\">FireMode: №_3 (возможны"), std::string::npos);
+    EXPECT_NE(page.find("<tr class=\"unspoken\"><td>5</td><td>Фраза 5</td>"), std::string::npos);
 }
 
 } // namespace

@@ -70,6 +70,17 @@ TEST_F(OverviewTest, PhrasesFollowTheSpeechFileAndTheRecords) {
     EXPECT_EQ(phrases.index(1, 1).data().toString(), "Четыре");
 }
 
+TEST_F(OverviewTest, TheHtmlPageIsSavedWhereChosenOrTheFailureTold) {
+    testutil::writeText(dir / "plain", "x"); // a file where a folder is expected
+    prompts.choose(path("plain/o.html"));
+    EXPECT_FALSE(overview.saveHtml(prompts));
+    EXPECT_TRUE(prompts.messages.at(0).text.contains("plain")) << "the failure is told";
+    prompts.choose(path("o")); // typed without an extension
+    EXPECT_TRUE(overview.saveHtml(prompts));
+    EXPECT_EQ(prompts.requests.back().proposedName, "053.html");
+    EXPECT_TRUE(testutil::readText(dir / "o.html").contains("Ёжик в тумане"));
+}
+
 TEST_F(OverviewTest, TheFilterTakesWordsInAnyCaseAndMarkedRows) {
     OverviewFilter filter;
     filter.setSourceModel(&overview.records());

@@ -64,6 +64,36 @@ std::string findingsText(const std::vector<Finding>& findings) {
     return out;
 }
 
+std::string html(std::string_view text) {
+    std::string out;
+    for (const char c : text) {
+        switch (c) {
+        case '&':
+            out += "&amp;";
+            break;
+        case '<':
+            out += "&lt;";
+            break;
+        case '>':
+            out += "&gt;";
+            break;
+        case '"':
+            out += "&quot;";
+            break;
+        default:
+            out += c;
+        }
+    }
+    return out;
+}
+
+std::string cells(std::initializer_list<std::string> texts, const char* tag = "td") {
+    std::string out = "<tr>";
+    for (const auto& t : texts)
+        out += std::string("<") + tag + ">" + t + "</" + tag + ">";
+    return out + "</tr>\n";
+}
+
 std::string numbersJson(const std::vector<int>& numbers) {
     std::string out = "[";
     for (const int n : numbers)
@@ -196,6 +226,47 @@ std::string overviewJson(const std::vector<RecordRow>& records,
                ",\"spokenBy\":" + numbersJson(p.spokenBy) + "}";
     }
     return out + "]}";
+}
+
+std::string overviewHtml(const std::string& title, const std::vector<RecordRow>& records,
+                         const std::vector<PhraseRow>& phrases) {
+    std::string out = "<!DOCTYPE html>\n<html lang=\"ru\">\n<head>\n<meta charset=\"utf-8\">\n"
+                      "<title>" +
+                      html(title) +
+                      "</title>\n<style>\n"
+                      "table { border-collapse: collapse; margin-bottom: 2em; }\n"
+                      "th, td { border: 1px solid #999; padding: 2px 6px; vertical-align: top; }\n"
+                      ".error { color: #c00000; } .remark { font-weight: bold; }\n"
+                      ".unspoken { color: #808080; }\n</style>\n</head>\n<body>\n<h1>" +
+                      html(title) + "</h1>\n<table>\n" +
+                      cells({"Запись", "Когда", "Что делает", "Говорит", "Замечания"}, "th");
+    for (const RecordRow& r : records) {
+        std::string findings;
+        for (const Finding& f : r.findings)
+            findings += std::string("<div class=\"") +
+                        (f.severity == Severity::Error ? "error" : "remark") + "\">" +
+                        html(f.message) + "</div>";
+        out += cells({std::to_string(r.position), html(r.empty ? "(пустая)" : r.when), html(r.does),
+                      html(r.says), findings});
+    }
+    out += "</table>\n";
+    if (!phrases.empty()) {
+        out += "<table>\n" + cells({"Фраза", "Текст", "Длина", "Говорят записи"}, "th");
+        for (const PhraseRow& p : phrases) {
+            std::string by;
+            for (const int position : p.spokenBy)
+                by += (by.empty() ? "" : ", ") + std::to_string(position);
+            const char* mark = p.spokenBy.empty() ? "unspoken" : p.text.empty() ? "error" : "";
+            std::string row = cells(
+                {std::to_string(p.number), html(p.present ? p.text : "(нет в файле)"),
+                 std::to_string(p.length) + "/" + std::to_string(p.limit), by.empty() ? "-" : by});
+            if (*mark)
+                row.insert(3, std::string(" class=\"") + mark + "\"");
+            out += row;
+        }
+        out += "</table>\n";
+    }
+    return out + "</body>\n</html>\n";
 }
 
 } // namespace parlex::mod

@@ -54,5 +54,9 @@ std::string overviewText(const std::vector<RecordRow>& records,
                          const std::vector<PhraseRow>& phrases);
 std::string overviewJson(const std::vector<RecordRow>& records,
                          const std::vector<PhraseRow>& phrases);
+// Both tables as a UTF-8 HTML page headed `title`, for a mod's documentation: errors
+// dark red, remarks bold, phrases nobody speaks grey.
+std::string overviewHtml(const std::string& title, const std::vector<RecordRow>& records,
+                         const std::vector<PhraseRow>& phrases);
 
 } // namespace parlex::mod

@@ -261,7 +261,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 // The one table of what each command does, for its menu item and its keys alike.
 void MainWindow::toggleOverview() {
     if (!overview_) {
-        overview_ = new OverviewPane(session_, this);
+        overview_ = new OverviewPane(session_, prompts_, this);
         addDockWidget(Qt::BottomDockWidgetArea, overview_);
         overview_->show();
         // The pane gets room of its own below; the grid and its panes keep theirs.

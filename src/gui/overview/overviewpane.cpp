@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QTabWidget>
 #include <QTableView>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -48,7 +49,8 @@ private:
 
 } // namespace
 
-OverviewPane::OverviewPane(session::Session& session, QWidget* parent)
+OverviewPane::OverviewPane(session::Session& session, session::UserPrompts& prompts,
+                           QWidget* parent)
     : QDockWidget("Обзор", parent), session_(session),
       overview_(
           new session::Overview(session.document(), session.speech(), session.codeLists(), this)),
@@ -64,6 +66,12 @@ OverviewPane::OverviewPane(session::Session& session, QWidget* parent)
     tabs->setObjectName("OverviewTabs");
     tabs->addTab(tab(recordView_, recordFilter_, "OverviewRecords"), "Записи");
     tabs->addTab(tab(phraseView_, phraseFilter_, "OverviewPhrases"), "Фразы");
+    auto* save = new QToolButton(tabs);
+    save->setObjectName("OverviewSave");
+    save->setText("Сохранить обзор...");
+    save->setAutoRaise(true);
+    tabs->setCornerWidget(save);
+    connect(save, &QToolButton::clicked, this, [this, &prompts] { overview_->saveHtml(prompts); });
     setWidget(tabs);
 
     connect(recordView_, &QTableView::activated, this, &OverviewPane::showRecord);

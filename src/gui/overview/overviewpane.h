@@ -4,7 +4,8 @@
 // tabs ("Записи", "Фразы"), each with a filter line and "только с ошибками". A click
 // or Enter on a record shows it on the grid; a click on a phrase shows it in the
 // speech pane, a double click the first record that speaks it. The record on the grid
-// is the row marked. Ctrl+C copies the rows chosen as tab-separated text.
+// is the row marked. Ctrl+C copies the rows chosen as tab-separated text;
+// "Сохранить обзор..." writes both tables as an HTML page.
 #include <QDockWidget>
 
 class QTableView;
@@ -13,6 +14,7 @@ namespace parlex::session {
 class Overview;
 class OverviewFilter;
 class Session;
+class UserPrompts;
 } // namespace parlex::session
 
 namespace parlex::gui {
@@ -20,7 +22,7 @@ namespace parlex::gui {
 class OverviewPane : public QDockWidget {
     Q_OBJECT
 public:
-    OverviewPane(session::Session& session, QWidget* parent);
+    OverviewPane(session::Session& session, session::UserPrompts& prompts, QWidget* parent);
     ~OverviewPane() override;
 
     QTableView* records() const { return recordView_; }
