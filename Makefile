@@ -110,6 +110,7 @@ fuzz-corpus: fuzz-build
 bench: build
 	@for b in $(BUILD)/benchmarks/bench_*; do $$b --benchmark_repetitions=5 --benchmark_report_aggregates_only=true; done
 	$(BUILD)/benchmarks/session_keystroke --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
+	$(BUILD)/benchmarks/session_overview --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
 	QT_QPA_PLATFORM=offscreen $(BUILD)/benchmarks/qbench_window -median 15
 
 # The Debian package of the programs, in $(BUILD): parlex_<version>_<arch>.deb.
