@@ -80,6 +80,8 @@ const Case kCases[] = {
      [](const Settings& s) {
          EXPECT_TRUE(s.options.paneFollowsPhrase && s.options.animationOff && s.options.autoLoad);
      }},
+    {"OverviewPlacesOutOfRangeFallBack", "OverviewTab=7\r\nOverviewArea=3\r\nOverviewRecords=5,x",
+     [](const Settings& s) { EXPECT_EQ(s.overview, OverviewPlace{}); }},
     {"RememberingThePathTurnsTheNameFindingOff", "RemebPath=1",
      [](const Settings& s) { EXPECT_TRUE(s.options.rememberPath && !s.options.findEdtName); }},
     {"TheColourIsBlueGreenRed", "edtTxtFon=8454143", // 0x0080FFFF
@@ -120,6 +122,7 @@ TEST(SettingsFile, WhatIsWrittenReadsBackTheSame) {
     s.options.phraseBackColour = 0x80FFFF;
     s.scriptPath = "/mods/053.npc";
     s.speechPath = "/mods/053.EDT";
+    s.overview = {true, 1, 2, {50, 260}, {}};
     const std::string text = settingsText(s);
     EXPECT_EQ(read(text), s);
 
@@ -127,7 +130,9 @@ TEST(SettingsFile, WhatIsWrittenReadsBackTheSame) {
         text.starts_with("; PARLEX: CONFIGURATION FILE\r\n\r\n[POSITION]\r\nTop=1234.5\r\n"));
     EXPECT_NE(text.find("\r\nlAlig=2\r\n\r\n[INTERFACE]\r\nToolTip=1\r\n"), std::string::npos);
     EXPECT_NE(text.find("\r\nedtTxtFontName=\xd8\xf0\xe8\xf4\xf2\r\n"), std::string::npos);
-    EXPECT_TRUE(text.ends_with("[HISTORY]\r\nPath=/mods/053.npc\r\nsPath=/mods/053.EDT\r\n"));
+    EXPECT_NE(text.find("[HISTORY]\r\nPath=/mods/053.npc\r\nsPath=/mods/053.EDT\r\n"),
+              std::string::npos);
+    EXPECT_TRUE(text.ends_with("\r\nOverviewRecords=50,260\r\nOverviewPhrases=\r\n"));
 }
 
 TEST(SettingsFile, APathWindows1251CannotHoldIsNotRemembered) {

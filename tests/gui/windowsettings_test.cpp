@@ -2,6 +2,7 @@
 // brings back the place, size, bars, the help text's look and the phrase text's.
 #include "core/settings/settingsfile.h"
 #include "gui/mainwindow/helppanel.h"
+#include "gui/overview/overviewpane.h"
 #include "gui/settings/windowsettings.h"
 #include "windowtest.h"
 
@@ -54,6 +55,9 @@ void WindowSettingsTest::aStartAfterARunBringsItAllBack() {
         o.phraseFont = {"Serif", 13, false, true};
         o.phraseBackColour = 0xFFFF80;
     });
+    OverviewPane* shown = win().overviewPane(true);
+    shown->setTab(1);
+    shown->setColumnWidths(shown->records(), {70});
     const int helpBar = bar(win(), "Pic3");
     const int paneBar = bar(win(), "Pic1");
     const auto file = f->dir / "Parlex.ini";
@@ -67,6 +71,10 @@ void WindowSettingsTest::aStartAfterARunBringsItAllBack() {
     QCoreApplication::processEvents();
     QCOMPARE(next.size(), QSize(700, 520));
     QCOMPARE(next.pos(), QPoint(30, 40));
+    OverviewPane* pane = next.overviewPane(false);
+    QVERIFY(pane && pane->isVisible());
+    QCOMPARE(pane->tab(), 1);
+    QCOMPARE(pane->columnWidths(pane->records()).front(), 70);
     QCOMPARE(bar(next, "Pic3"), helpBar);
     QCOMPARE(bar(next, "Pic1"), paneBar);
     QVERIFY(next.session().options().toolTips);

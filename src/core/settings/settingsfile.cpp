@@ -42,6 +42,11 @@ enum class Key {
     Fon,
     RemebPath,
     AutoLoad,
+    OverviewShown,
+    OverviewTab,
+    OverviewArea,
+    OverviewRecords,
+    OverviewPhrases,
 };
 constexpr std::pair<Key, std::string_view> kKeys[] = {
     {Key::Top, "Top"},
@@ -65,6 +70,11 @@ constexpr std::pair<Key, std::string_view> kKeys[] = {
     {Key::Fon, "edtTxtFon"},
     {Key::RemebPath, "RemebPath"},
     {Key::AutoLoad, "AutoLoad"},
+    {Key::OverviewShown, "OverviewShown"},
+    {Key::OverviewTab, "OverviewTab"},
+    {Key::OverviewArea, "OverviewArea"},
+    {Key::OverviewRecords, "OverviewRecords"},
+    {Key::OverviewPhrases, "OverviewPhrases"},
 };
 constexpr std::size_t kKeyCount = std::size(kKeys);
 
@@ -93,6 +103,28 @@ std::optional<std::int32_t> integer(std::string_view s) {
     if (s.empty() || ec != std::errc() || end != s.data() + s.size())
         return std::nullopt;
     return value;
+}
+
+// "50,260,200": column widths, each kept within sensible pixels; nothing if any is no
+// whole number.
+std::vector<int> widths(std::string_view text) {
+    std::vector<int> out;
+    while (!text.empty() && out.size() < 8) {
+        const std::size_t comma = text.find(',');
+        const auto n = integer(text.substr(0, comma));
+        if (!n)
+            return {};
+        out.push_back(std::clamp(*n, 10, 2000));
+        text.remove_prefix(comma == std::string_view::npos ? text.size() : comma + 1);
+    }
+    return out;
+}
+
+std::string widthsText(const std::vector<int>& widths) {
+    std::string out;
+    for (const int w : widths)
+        out += (out.empty() ? "" : ",") + std::to_string(w);
+    return out;
 }
 
 bool flag(std::string_view kept) {
@@ -194,6 +226,14 @@ void applySettingsText(std::string_view text, Settings& s, const ScreenTwips& sc
     if (s.splitterTop < 1430 || s.splitterTop > innerHeight - 1450)
         s.splitterTop = wholeDivided(s.height, 2);
 
+    OverviewPlace& place = s.overview;
+    place.shown = flag(kept(Key::OverviewShown));
+    place.tab = integer(kept(Key::OverviewTab)).value_or(0) == 1 ? 1 : 0;
+    const int area = integer(kept(Key::OverviewArea)).value_or(8);
+    place.area = area == 1 || area == 2 || area == 4 ? area : 8;
+    place.recordColumns = widths(kept(Key::OverviewRecords));
+    place.phraseColumns = widths(kept(Key::OverviewPhrases));
+
     Options& o = s.options;
     o.toolTips = flag(kept(Key::ToolTip));
     o.animationOff = flag(kept(Key::Animation));
@@ -252,6 +292,12 @@ std::string settingsText(const Settings& s) {
           {"RemebPath", bit(o.rememberPath)},
           {"AutoLoad", bit(o.autoLoad)}}},
         {"[HISTORY]", {{"Path", fileText(s.scriptPath)}, {"sPath", fileText(s.speechPath)}}},
+        {"[OVERVIEW]",
+         {{"OverviewShown", bit(s.overview.shown)},
+          {"OverviewTab", std::to_string(s.overview.tab)},
+          {"OverviewArea", std::to_string(s.overview.area)},
+          {"OverviewRecords", widthsText(s.overview.recordColumns)},
+          {"OverviewPhrases", widthsText(s.overview.phraseColumns)}}},
     };
     std::string out = "; PARLEX: CONFIGURATION FILE";
     out += kEnd;

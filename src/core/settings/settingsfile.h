@@ -8,8 +8,19 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace parlex {
+
+// Where the overview pane was and how it looked, kept as keys of its own that the old
+// program passes over.
+struct OverviewPlace {
+    bool shown = false;
+    int tab = 0;  // 0 the records, 1 the phrases
+    int area = 8; // the window's side it is docked to: 1 left, 2 right, 4 top, 8 bottom
+    std::vector<int> recordColumns, phraseColumns; // pixels; empty: as designed
+    bool operator==(const OverviewPlace&) const = default;
+};
 
 // What the program remembers between runs: the window's place, the options and the
 // last paths. Geometry is in twips (15 to a pixel); paths are UTF-8.
@@ -20,6 +31,7 @@ struct Settings {
     Options options;
     std::string scriptPath; // the last script, kept only while it is still there
     std::string speechPath; // the last speech file, likewise
+    OverviewPlace overview;
     bool operator==(const Settings&) const = default;
 };
 

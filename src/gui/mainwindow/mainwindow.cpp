@@ -259,19 +259,27 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 // The one table of what each command does, for its menu item and its keys alike.
+OverviewPane* MainWindow::overviewPane(bool make) {
+    if (overview_ || !make)
+        return overview_;
+    overview_ = new OverviewPane(session_, prompts_, this);
+    addDockWidget(Qt::BottomDockWidgetArea, overview_);
+    overview_->show();
+    menus_->action("nOverview")->setChecked(true);
+    connect(overview_, &QDockWidget::visibilityChanged, menus_->action("nOverview"),
+            &QAction::setChecked);
+    return overview_;
+}
+
 void MainWindow::toggleOverview() {
-    if (!overview_) {
-        overview_ = new OverviewPane(session_, prompts_, this);
-        addDockWidget(Qt::BottomDockWidgetArea, overview_);
-        overview_->show();
-        // The pane gets room of its own below; the grid and its panes keep theirs.
-        if (!isMaximized() && !isFullScreen())
-            resize(width(), height() + kOverviewHeight);
-        connect(overview_, &QDockWidget::visibilityChanged, menus_->action("nOverview"),
-                &QAction::setChecked);
+    if (overview_) {
+        overview_->setVisible(!overview_->isVisible());
         return;
     }
-    overview_->setVisible(!overview_->isVisible());
+    overviewPane(true);
+    // The pane gets room of its own below; the grid and its panes keep theirs.
+    if (!isMaximized() && !isFullScreen())
+        resize(width(), height() + kOverviewHeight);
 }
 
 void MainWindow::run(Command command) {

@@ -45,7 +45,12 @@ public:
 
     CodeListPane& codeList() { return *codes_; }
     // The window as its settings place it: the window, its two bars, the options.
-    WindowParts settingsParts() { return {*this, *helpBar_, *paneBar_, session_}; }
+    WindowParts settingsParts() {
+        return {*this, *helpBar_, *paneBar_, session_,
+                [this](bool make) { return overviewPane(make); }};
+    }
+    // The overview pane, or null; with `make` made and shown if there is none.
+    OverviewPane* overviewPane(bool make);
     // The byte editor on a byte of the current record, or on the byte of the
     // position text; nothing happens while no record is shown.
     void openEditor(std::optional<int> byteIndex);

@@ -64,8 +64,8 @@ OverviewPane::OverviewPane(session::Session& session, session::UserPrompts& prom
     phraseView_->setObjectName("OverviewPhrases");
     auto* tabs = new QTabWidget(this);
     tabs->setObjectName("OverviewTabs");
-    tabs->addTab(tab(recordView_, recordFilter_, "OverviewRecords"), "Записи");
-    tabs->addTab(tab(phraseView_, phraseFilter_, "OverviewPhrases"), "Фразы");
+    tabs->addTab(makeTab(recordView_, recordFilter_, "OverviewRecords"), "Записи");
+    tabs->addTab(makeTab(phraseView_, phraseFilter_, "OverviewPhrases"), "Фразы");
     auto* save = new QToolButton(tabs);
     save->setObjectName("OverviewSave");
     save->setText("Сохранить обзор...");
@@ -94,7 +94,28 @@ OverviewPane::OverviewPane(session::Session& session, session::UserPrompts& prom
 
 OverviewPane::~OverviewPane() = default;
 
-QWidget* OverviewPane::tab(QTableView* view, session::OverviewFilter* filter, const QString& name) {
+int OverviewPane::tab() const {
+    return findChild<QTabWidget*>("OverviewTabs")->currentIndex();
+}
+
+void OverviewPane::setTab(int tab) {
+    findChild<QTabWidget*>("OverviewTabs")->setCurrentIndex(tab);
+}
+
+std::vector<int> OverviewPane::columnWidths(QTableView* view) const {
+    std::vector<int> widths;
+    for (int column = 0; column + 1 < view->model()->columnCount(); ++column)
+        widths.push_back(view->horizontalHeader()->sectionSize(column));
+    return widths;
+}
+
+void OverviewPane::setColumnWidths(QTableView* view, const std::vector<int>& widths) {
+    for (std::size_t column = 0; column < widths.size(); ++column)
+        view->horizontalHeader()->resizeSection(static_cast<int>(column), widths[column]);
+}
+
+QWidget* OverviewPane::makeTab(QTableView* view, session::OverviewFilter* filter,
+                               const QString& name) {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(2, 2, 2, 2);
@@ -120,10 +141,8 @@ QWidget* OverviewPane::tab(QTableView* view, session::OverviewFilter* filter, co
     view->verticalHeader()->setDefaultSectionSize(view->fontMetrics().height() + 6);
     view->horizontalHeader()->setStretchLastSection(true);
     // Room for the words of each column; the last one takes what is left.
-    const std::vector<int> widths =
-        filter == phraseFilter_ ? std::vector{50, 360, 60} : std::vector{50, 260, 200, 220};
-    for (std::size_t column = 0; column < widths.size(); ++column)
-        view->horizontalHeader()->resizeSection(static_cast<int>(column), widths[column]);
+    setColumnWidths(view, filter == phraseFilter_ ? std::vector{50, 360, 60}
+                                                  : std::vector{50, 260, 200, 220});
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     auto* copy = new QAction("Копировать", view);
     copy->setObjectName(name + "Copy");

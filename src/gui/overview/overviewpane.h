@@ -8,6 +8,8 @@
 // "Сохранить обзор..." writes both tables as an HTML page.
 #include <QDockWidget>
 
+#include <vector>
+
 class QTableView;
 
 namespace parlex::session {
@@ -27,9 +29,14 @@ public:
 
     QTableView* records() const { return recordView_; }
     QTableView* phrases() const { return phraseView_; }
+    int tab() const;
+    void setTab(int tab);
+    // The widths of a table's columns but the last, which takes the rest.
+    std::vector<int> columnWidths(QTableView* view) const;
+    void setColumnWidths(QTableView* view, const std::vector<int>& widths);
 
 private:
-    QWidget* tab(QTableView* view, session::OverviewFilter* filter, const QString& name);
+    QWidget* makeTab(QTableView* view, session::OverviewFilter* filter, const QString& name);
     void showRecord(const QModelIndex& index);
     void showPhrase(const QModelIndex& index, bool record);
     void markPosition(int position);

@@ -1,9 +1,11 @@
 #include "gui/settings/windowsettings.h"
 
 #include "core/settings/settingsfile.h"
+#include "gui/overview/overviewpane.h"
 #include "session/session.h"
 
 #include <QEvent>
+#include <QMainWindow>
 #include <QScreen>
 #include <QSplitter>
 #include <QTimer>
@@ -68,6 +70,14 @@ void restoreWindow(const WindowParts& parts, const std::filesystem::path& file) 
     parts.session.restore(s); // the window shows the options restored
 
     w.resize(int(s.width) / kTwips - kFrameWidth, int(s.height) / kTwips - kFrameHeight);
+    if (s.overview.shown) { // the window's height already holds it
+        OverviewPane* pane = parts.overview(true);
+        if (auto* main = qobject_cast<QMainWindow*>(&w))
+            main->addDockWidget(Qt::DockWidgetArea(s.overview.area), pane);
+        pane->setTab(s.overview.tab);
+        pane->setColumnWidths(pane->records(), s.overview.recordColumns);
+        pane->setColumnWidths(pane->phrases(), s.overview.phraseColumns);
+    }
     w.move(area.x() + int(s.left) / kTwips, area.y() + int(s.top) / kTwips);
     if (!found)
         return; // the bars stay as designed
@@ -95,6 +105,12 @@ void saveWindow(const WindowParts& parts, const std::filesystem::path& file) {
     s.height = (w.height() + kFrameHeight) * kTwips;
     s.splitterTop = barPosition(w, parts.helpBar) * kTwips;
     s.splitterLeft = barPosition(w, parts.paneBar) * kTwips;
+    if (OverviewPane* pane = parts.overview(false)) {
+        auto* main = qobject_cast<QMainWindow*>(&w);
+        s.overview = {pane->isVisibleTo(&w), pane->tab(),
+                      main ? int(main->dockWidgetArea(pane)) : 8,
+                      pane->columnWidths(pane->records()), pane->columnWidths(pane->phrases())};
+    }
     std::error_code ignored; // a folder that cannot be made fails the write below
     std::filesystem::create_directories(file.parent_path(), ignored);
     // Nothing is said when the file cannot be written: the next start has defaults.
