@@ -1,5 +1,6 @@
 // The overview pane's wiring: shown and hidden from the menu and by Ctrl+T, a row
 // click moves the grid, an edit refreshes its row, and the rows it marks.
+#include "core/speech/edtfile.h"
 #include "gui/overview/overviewpane.h"
 #include "windowtest.h"
 
@@ -18,6 +19,7 @@ private slots:
     void cleanup() { f.reset(); }
     void theMenuAndCtrlTShowAndHideIt();
     void aRowClickShowsItsRecordAndAnEditItsRow();
+    void aPhraseRowShowsThePhraseOrTheRecordThatSpeaksIt();
 
 private:
     OverviewPane* pane() { return win().findChild<OverviewPane*>(); }
@@ -55,6 +57,25 @@ void OverviewPaneTest::aRowClickShowsItsRecordAndAnEditItsRow() {
     QVERIFY(cell(0, 1).contains("№_3"));
     QCOMPARE(records->model()->index(0, 1).data(Qt::ForegroundRole), QVariant());
     QVERIFY(records->model()->index(0, 1).data(Qt::FontRole).value<QFont>().bold()); // a remark
+}
+
+void OverviewPaneTest::aPhraseRowShowsThePhraseOrTheRecordThatSpeaksIt() {
+    auto bytes = testutil::script({3});
+    bytes[2 * 32 + 13] = 1; // record 3 says phrase 1
+    QVERIFY(open(write("p.npc", bytes)));
+    auto speech = parlex::EdtFile::makeNew(parlex::EdtKind::NpcDialogues);
+    QVERIFY(speech.setPhrase(1, "Один"));
+    QVERIFY(win().session().speech().openPath(write("p.edt", speech.toBytes()).toStdString(),
+                                              parlex::EdtKind::NpcDialogues));
+    act("nOverview")->trigger();
+    QTableView* phrases = pane()->phrases();
+    QCOMPARE(phrases->model()->rowCount(), 1);
+    const QPoint at = phrases->visualRect(phrases->model()->index(0, 1)).center();
+    QTest::mouseClick(phrases->viewport(), Qt::LeftButton, {}, at);
+    QCOMPARE(win().session().speech().phraseIndex(), 1);
+    QCOMPARE(child<QSlider>("Slider")->value(), 1);
+    QTest::mouseDClick(phrases->viewport(), Qt::LeftButton, {}, at);
+    QCOMPARE(child<QSlider>("Slider")->value(), 3);
 }
 
 QTEST_MAIN(OverviewPaneTest)

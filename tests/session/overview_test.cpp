@@ -1,4 +1,5 @@
 // The overview's tables in step with every change, telling only the rows that changed.
+#include "core/platform/process.h"
 #include "core/speech/edtfile.h"
 #include "session/overview.h"
 #include "sessiontest.h"
@@ -55,6 +56,19 @@ TEST_F(OverviewTest, EveryChangeRefreshesOnlyItsRows) {
     EXPECT_EQ(overview.records().rowCount(), 50);
 }
 
+TEST_F(OverviewTest, AConversionReadBackOrAnotherScriptRebuildsEveryRow) {
+    QSignalSpy reset(&overview.records(), &QAbstractItemModel::modelReset);
+    prompts.choose(path("053.npc"));    // the open file...
+    prompts.choose(path("053.npc"), 1); // ...into the "ja" layout, then read back
+    prompts.answers = {Answer::Yes};
+    session.flows().convertLayout();
+    EXPECT_EQ(session.script()->type(), parlex::NpcFileType::Ja);
+    EXPECT_EQ(reset.count(), 1);
+    EXPECT_EQ(positions(), QStringList({"2", "5"}));
+    ASSERT_TRUE(session.flows().openPath(write("other.npc", testutil::script({7})).toStdString()));
+    EXPECT_EQ(positions(), QStringList({"7"}));
+}
+
 TEST_F(OverviewTest, PhrasesFollowTheSpeechFileAndTheRecords) {
     const auto& records = overview.records();
     EXPECT_EQ(records.rows()[0].says, "фразы 3-4: «Ёжик в тумане»");
@@ -79,6 +93,33 @@ TEST_F(OverviewTest, TheHtmlPageIsSavedWhereChosenOrTheFailureTold) {
     EXPECT_TRUE(overview.saveHtml(prompts));
     EXPECT_EQ(prompts.requests.back().proposedName, "053.html");
     EXPECT_TRUE(testutil::readText(dir / "o.html").contains("Ёжик в тумане"));
+}
+
+// The rows say what parlex-cli lint and find --phrase say of the same files.
+TEST_F(OverviewTest, TheRowsAgreeWithLintAndFindOnTheCommandLine) {
+    const auto cli = [&](std::vector<std::string> args) {
+        const parlex::platform::ProgramOutput to{dir / "out.txt", {}};
+        EXPECT_TRUE(parlex::platform::runProgram(PARLEX_CLI, args, to));
+        return QString::fromStdString(testutil::readText(dir / "out.txt"))
+            .split('\n', Qt::SkipEmptyParts);
+    };
+    const std::string script = (dir / "053.npc").string(), lists = dir.path().string();
+    QStringList findings, speakers;
+    for (const auto& row : overview.records().rows())
+        for (const auto& f : row.findings)
+            findings << QString::fromStdString(parlex::mod::formatFinding(f));
+    EXPECT_EQ(findings.size(), 2);
+    EXPECT_EQ(findings, cli({"lint", script, "--lists", lists}));
+    for (const auto& row : overview.phrases().rows())
+        if (row.number == 3)
+            for (const int position : row.spokenBy)
+                speakers << QString::fromStdString(script + ":" + std::to_string(position) +
+                                                   ":13:");
+    const QStringList found = cli({"find", script, "--phrase", "3", "--lists", lists});
+    ASSERT_EQ(found.size(), 1);
+    ASSERT_EQ(speakers.size(), 1);
+    for (int i = 0; i < found.size(); ++i)
+        EXPECT_TRUE(found[i].startsWith(speakers[i])) << found[i].toStdString();
 }
 
 TEST_F(OverviewTest, TheFilterTakesWordsInAnyCaseAndMarkedRows) {
