@@ -4,6 +4,8 @@
 #include "gui/overview/overviewpane.h"
 #include "windowtest.h"
 
+#include <QCheckBox>
+#include <QClipboard>
 #include <QSlider>
 #include <QTableView>
 
@@ -57,6 +59,10 @@ void OverviewPaneTest::aRowClickShowsItsRecordAndAnEditItsRow() {
     QVERIFY(cell(0, 1).contains("№_3"));
     QCOMPARE(records->model()->index(0, 1).data(Qt::ForegroundRole), QVariant());
     QVERIFY(records->model()->index(0, 1).data(Qt::FontRole).value<QFont>().bold()); // a remark
+    records->findChild<QAction*>("OverviewRecordsCopy")->trigger(); // the row marked
+    QVERIFY(QGuiApplication::clipboard()->text().startsWith("2\t№_0 <"));
+    pane()->findChild<QCheckBox*>("OverviewRecordsAll")->setChecked(true);
+    QCOMPARE(records->model()->rowCount(), 50);
 }
 
 void OverviewPaneTest::aPhraseRowShowsThePhraseOrTheRecordThatSpeaksIt() {

@@ -126,8 +126,15 @@ QWidget* OverviewPane::makeTab(QTableView* view, session::OverviewFilter* filter
     words->setClearButtonEnabled(false);
     auto* marked = new QCheckBox("только с ошибками", page);
     marked->setObjectName(name + "Marked");
+    // Empty records, or every phrase of the file, on demand.
+    const bool phrases = filter == phraseFilter_;
+    auto* whole = new QCheckBox(phrases ? "все фразы" : "и пустые", page);
+    whole->setObjectName(name + "All");
     row->addWidget(words, 1);
     row->addWidget(marked);
+    row->addWidget(whole);
+    connect(whole, &QCheckBox::toggled, overview_,
+            phrases ? &session::Overview::setAllPhrases : &session::Overview::setWithEmpty);
     layout->addLayout(row);
     layout->addWidget(view, 1);
     connect(words, &QLineEdit::textChanged, filter, &session::OverviewFilter::setWords);
