@@ -8,6 +8,8 @@
 #include "core/text/cp1251.h"
 #include "session/speechdocument.h"
 
+#include "silentprompts.h"
+
 #include <benchmark/benchmark.h>
 #include <filesystem>
 
@@ -15,19 +17,7 @@ using namespace parlex;
 
 namespace {
 
-class SilentPrompts : public session::UserPrompts {
-public:
-    void message(Icon, const QString&, const QString&) override {}
-    Answer question(const QString&, const QString&, bool) override { return Answer::No; }
-    std::optional<FileChoice> openFile(const FileRequest&) override { return std::nullopt; }
-    std::optional<FileChoice> saveFile(const FileRequest&) override { return std::nullopt; }
-    void about(const QString&, const QString&) override {}
-    void beep() override {}
-    std::optional<unsigned> chooseColour(unsigned) override { return std::nullopt; }
-    std::optional<TextFont> chooseFont(const TextFont&, double, double) override {
-        return std::nullopt;
-    }
-};
+using benchutil::SilentPrompts;
 
 // A saved file of 143 full phrases, opened, the pane on phrase 71 with its text.
 struct FullFile {

@@ -9,7 +9,9 @@
 #include "session/overview.h"
 #include "session/session.h"
 
+#include "silentprompts.h"
 #include <QCoreApplication>
+
 #include <benchmark/benchmark.h>
 #include <filesystem>
 
@@ -17,19 +19,7 @@ using namespace parlex;
 
 namespace {
 
-class SilentPrompts : public session::UserPrompts {
-public:
-    void message(Icon, const QString&, const QString&) override {}
-    Answer question(const QString&, const QString&, bool) override { return Answer::No; }
-    std::optional<FileChoice> openFile(const FileRequest&) override { return std::nullopt; }
-    std::optional<FileChoice> saveFile(const FileRequest&) override { return std::nullopt; }
-    void about(const QString&, const QString&) override {}
-    void beep() override {}
-    std::optional<unsigned> chooseColour(unsigned) override { return std::nullopt; }
-    std::optional<TextFont> chooseFont(const TextFont&, double, double) override {
-        return std::nullopt;
-    }
-};
+using benchutil::SilentPrompts;
 
 const std::filesystem::path kFolder = std::filesystem::temp_directory_path() / "overview_bench";
 
