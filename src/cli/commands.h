@@ -2,6 +2,7 @@
 
 #include "cli/args.h"
 #include "core/common/error.h"
+#include "core/text/language.h"
 
 #include <filesystem>
 #include <functional>
@@ -15,6 +16,7 @@ namespace parlex::cli {
 struct Io {
     std::ostream& out;
     std::ostream& err;
+    Language language = Language::Russian; // of every text the command prints
 };
 
 struct Command {

@@ -76,7 +76,7 @@ int runExplain(const Args& args, Io io) {
                 auto file = NpcFile::load(path);
                 if (!file)
                     return std::unexpected(file.error());
-                const ExplainContext context{file->type(), lists.get(), false, 0};
+                const ExplainContext context{file->type(), lists.get(), false, 0, io.language};
                 const int from = only ? static_cast<int>(*only) : 1;
                 const int to =
                     only ? static_cast<int>(*only) : static_cast<int>(file->recordCount());

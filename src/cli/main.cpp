@@ -3,8 +3,10 @@
 #include "core/platform/process.h"
 #include "parlex_version.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <vector>
 
 using namespace parlex::cli;
@@ -36,12 +38,42 @@ void printHelp(const Command& c, std::ostream& out) {
         out << "\n" << c.details << "\n";
 }
 
+// Takes "--lang ru|en" (or "--lang=en") out of the words, wherever it stands: the
+// language of every command. Without it the environment decides. Nothing when the
+// option has no language after it.
+std::optional<parlex::Language> takeLanguage(std::vector<char*>& words) {
+    using parlex::Language;
+    std::optional<Language> chosen = parlex::languageOfEnvironment(std::getenv);
+    for (std::size_t i = 0; i < words.size();) {
+        const std::string_view word = words[i];
+        if (word != "--lang" && !word.starts_with("--lang=")) {
+            ++i;
+            continue;
+        }
+        const bool inlineValue = word.starts_with("--lang=");
+        const std::string_view value = inlineValue            ? word.substr(7)
+                                       : i + 1 < words.size() ? words[i + 1]
+                                                              : "";
+        chosen = chosen ? parlex::languageNamed(value) : std::nullopt;
+        words.erase(words.begin() + static_cast<std::ptrdiff_t>(i),
+                    words.begin() + static_cast<std::ptrdiff_t>(
+                                        std::min(words.size(), i + (inlineValue ? 1 : 2))));
+    }
+    return chosen;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     parlex::platform::useUtf8Output();
     std::vector<char*> words(argv + 1, argv + argc);
-    Io io{std::cout, std::cerr};
+    const auto language = takeLanguage(words);
+    if (!language) {
+        std::cerr << "parlex-cli: --lang: нужен язык ru или en (--lang: the language must be ru "
+                     "or en)\n";
+        return kUsage;
+    }
+    Io io{std::cout, std::cerr, *language};
     if (words.empty()) {
         printOverview(std::cerr);
         return kUsage;

@@ -1,7 +1,7 @@
 // Every command as a shell sees it: tables of calls with their exit status, what they
 // print and which files they must leave alone.
+#include "cli/clirun.h"
 #include "core/npc/npcformat.h"
-#include "core/platform/process.h"
 #include "core/text/cp1251.h"
 #include "testutil.h"
 
@@ -19,23 +19,7 @@ namespace {
 
 namespace platform = parlex::platform;
 
-// What a run of the program printed, and its exit status (-1: it did not run or end).
-struct Run {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-Run runCli(const std::vector<std::string>& args) {
-    testutil::TempDir dir;
-    const platform::ProgramOutput to{dir / "stdout", dir / "stderr"};
-    std::optional<int> status;
-    // Wine now and then fails to start a process on a busy machine: a few tries keep
-    // that from passing for a fault of the program under test.
-    for (int attempt = 0; attempt < 3 && !status; ++attempt)
-        status = platform::runProgram(PARLEX_CLI, args, to);
-    return {status.value_or(-1), testutil::readText(to.output), testutil::readText(to.errors)};
-}
+using clitest::runCli;
 
 struct Step {
     std::string args; // the words of the call

@@ -1,6 +1,7 @@
 #include "core/explain/explainer.h"
 
 #include "core/codelists/codelists.h"
+#include "core/explain/explaintexts.h"
 #include "core/explain/fieldlayout.h"
 #include "core/speech/edtkind.h"
 
@@ -17,15 +18,16 @@ constexpr std::uint32_t kTriggers = 500;
 constexpr std::uint32_t kFirstCondition = 351; // items end at 350; larger Words are conditions
 constexpr std::uint32_t kCharacters = 170;
 
-const char* const kTooManyPhrases = "В файле (speech).edt максимум может быть 143 фразы (0-142)!";
+using explaintexts::kTexts;
+using explaintexts::Say;
 
 std::string str(std::uint32_t v) {
     return std::to_string(v);
 }
 
 // A sentence as it is given: a fixed text, or a function that composes it.
-std::string compose(const char* text) {
-    return text;
+std::string compose(std::string_view text) {
+    return std::string(text);
 }
 template <std::invocable Composer> std::string compose(const Composer& composer) {
     return composer();
@@ -39,6 +41,9 @@ class FieldExplainer {
 public:
     FieldExplainer(const NpcRecord& record, int field, const ExplainContext& context, bool compose)
         : r_(record), i_(field), ctx_(context), v_(fieldValue(record, field)), compose_(compose) {}
+
+    // A text of the table in the language of the context.
+    std::string_view t(Say key) const { return kTexts(key, ctx_.language); }
 
     Explanation run() const {
         switch (i_) {
@@ -73,25 +78,23 @@ public:
         case fields::JumpRecord:
             return jumpRecord();
         case fields::Spare20:
-            return spare("Данный байт у всех существующих НПЦ равен \"00\"");
+            return spare(t(Say::SpareByte));
         case fields::MoveTo:
-            return v_ == kNoWord
-                       ? normal("Запись не перемещает НПЦ")
-                       : normal([&] { return "НПЦ переместиться на координаты " + str(v_); });
+            return v_ == kNoWord ? normal(t(Say::NoMove))
+                                 : normal([&] { return fill(t(Say::MovesTo), {str(v_)}); });
         case fields::Spare29:
-            return spare("Данные байты у всех существующих НПЦ равны \"00\"");
+            return spare(t(Say::SpareBytes));
         default:
             return {};
         }
     }
 
 private:
-    template <class Text> Explanation normal(const Text& text, const char* remark = nullptr) const {
+    template <class Text> Explanation normal(const Text& text, std::string_view remark = {}) const {
         Explanation e;
         if (compose_)
             e.text = compose(text);
-        if (remark)
-            e.remark = remark;
+        e.remark = remark;
         return e;
     }
     template <class Text> Explanation red(const Text& text) const {
@@ -101,63 +104,53 @@ private:
     }
 
     // "№_12 ": the value as a number.
-    std::string numberText() const { return "№_" + str(v_) + " "; }
+    std::string numberText() const { return fill(t(Say::Number), {str(v_)}); }
     // The value as a number, with its name from the field's list.
     std::string namedText() const {
         const std::string name = ctx_.lists ? ctx_.lists->lookupCode(i_, v_) : std::string("?");
         return numberText() + "<" + name + ">";
     }
     // The value alone with a remark, for a value the field cannot hold.
-    Explanation beyond(const char* remark) const {
+    Explanation beyond(std::string_view remark) const {
         return normal([&] { return numberText(); }, remark);
     }
 
     Explanation fireMode() const {
         switch (v_) {
         case 0:
-            return normal(
-                "Эта запись будет срабатывать всегда, без передачи на стандартные записи");
+            return normal(t(Say::FiresAlways));
         case 2:
-            return normal("Эта запись сработает только один раз (во всей игре) и управление "
-                          "перейдет к стандартной записи");
+            return normal(t(Say::FiresOnce));
         case 4:
-            return normal("Эта запись сработает только один раз в день и до начала следующего "
-                          "дня управление перейдет к стандартной записи");
+            return normal(t(Say::FiresOnceADay));
         default:
-            return beyond("(возможны только три значения: 0, 2 или 4)");
+            return beyond(t(Say::OnlyThreeModes));
         }
     }
 
     Explanation item() const {
         const bool needed = i_ == fields::NeededItem;
         if (v_ == 0)
-            return normal(needed ? "Запись не проверяет наличия предметов у НПЦ"
-                                 : "НПЦ не передает игроку никаких предметов");
+            return normal(t(needed ? Say::NoItemChecked : Say::NoItemGiven));
         if (v_ >= kFirstCondition)
             return normal([&] { return namedText(); });
-        return normal([&] {
-            return needed
-                       ? "Предмет " + namedText() + " должен быть у НПЦ"
-                       : "При соблюдении всех условий НПЦ передает игроку предмет " + namedText();
-        });
+        return normal(
+            [&] { return fill(t(needed ? Say::ItemNeeded : Say::ItemGiven), {namedText()}); });
     }
 
     Explanation trigger() const {
         if (v_ == kNoWord) {
             if (i_ == fields::TriggerSet)
-                return normal("Запись не переводит трииггеры в логическое значение TRUE");
-            return normal(i_ == fields::TriggerTrue
-                              ? "Запись не проверяет триггеры на логическое условие TRUE"
-                              : "Запись не проверяет триггеры на логическое условие FALSE");
+                return normal(t(Say::NoTriggerSet));
+            return normal(t(i_ == fields::TriggerTrue ? Say::NoTriggerTrue : Say::NoTriggerFalse));
         }
         if (v_ >= kTriggers)
-            return beyond("(всего существует 500 триггеров [0-499])");
+            return beyond(t(Say::OnlyTriggers));
         if (i_ == fields::TriggerSet)
-            return normal(
-                [&] { return "Триггер " + namedText() + " будет переведен в значение TRUE"; });
+            return normal([&] { return fill(t(Say::TriggerSet), {namedText()}); });
         return normal([&] {
-            return "Триггер " + namedText() + " должен иметь значение " +
-                   (i_ == fields::TriggerTrue ? "TRUE" : "FALSE");
+            return fill(t(Say::TriggerMust),
+                        {namedText(), i_ == fields::TriggerTrue ? "TRUE" : "FALSE"});
         });
     }
 
@@ -165,80 +158,65 @@ private:
         if (v_ == kNoByte) {
             switch (i_) {
             case fields::QuestHeld:
-                return normal("Запись не проверяет получение квестов игроком");
+                return normal(t(Say::NoQuestHeld));
             case fields::QuestGiven:
-                return normal("Запись не дает квестов");
+                return normal(t(Say::NoQuestGiven));
             default:
-                return normal("Запись не закрывает квестов");
+                return normal(t(Say::NoQuestClosed));
             }
         }
-        switch (i_) {
-        case fields::QuestHeld:
-            return normal(
-                [&] { return "Квест " + namedText() + " уже должен быть получен игроком"; });
-        case fields::QuestGiven:
-            return normal([&] { return "Игрок получает квест " + namedText(); });
-        default:
-            return normal([&] { return "Квест " + namedText() + " будет считаться выполненым"; });
-        }
+        const Say say = i_ == fields::QuestHeld    ? Say::QuestHeld
+                        : i_ == fields::QuestGiven ? Say::QuestGiven
+                                                   : Say::QuestClosed;
+        return normal([&] { return fill(t(say), {namedText()}); });
     }
 
     Explanation firstDay() const {
         if (v_ == kNoByte)
-            return red("Эта запись не сработает никогда!");
+            return red(t(Say::NeverFires));
         const auto last = static_cast<int>(fieldValue(r_, fields::LastDay));
-        Explanation e =
-            v_ == 0 ? normal("Запись сработает с начала игры")
-                    : normal([&] { return "Запись сработает только с " + str(v_) + " дня"; });
+        Explanation e = v_ == 0 ? normal(t(Say::FromStart))
+                                : normal([&] { return fill(t(Say::FromDay), {str(v_)}); });
         if (last == 0 || last - static_cast<int>(v_) <= 0)
-            e.remark = ", но значение байта 11 не верно!";
+            e.remark = t(Say::LastDayWrong);
         return e;
     }
 
     Explanation lastDay() const {
         const std::uint32_t first = fieldValue(r_, fields::FirstDay);
         if (first == kNoByte)
-            return red("Байт 10 не может иметь значение \"FF\". Эта запись не сработает никогда!");
+            return red(t(Say::FirstDayFF));
         if (v_ <= first) {
             if (first == 0)
-                return red("Запись не может сработать с начала игры и до 0 дня!");
-            return red([&] {
-                return "Запись не может сработать с " + str(first) + " и до " + str(v_) + " дня!";
-            });
+                return red(t(Say::NotFromStartToZero));
+            return red([&] { return fill(t(Say::NotFromTo), {str(first), str(v_)}); });
         }
         if (v_ == kNoByte)
-            return normal("Ограничения на срабатывание данной записи нет");
-        return normal([&] {
-            return "Запись сработает начиная с " + str(first) + " и до " + str(v_) + " дня";
-        });
+            return normal(t(Say::NoDayLimit));
+        return normal([&] { return fill(t(Say::FromTo), {str(first), str(v_)}); });
     }
 
     Explanation leadership() const {
         if (v_ > 100)
-            return red([&] { return "Уровень лидерства не может быть " + str(v_) + "!"; });
+            return red([&] { return fill(t(Say::LeadershipTooHigh), {str(v_)}); });
         if (v_ == 0)
-            return normal(
-                "Запись сработает независимо от уровня лидерства говорящего с НПЦ наемника");
-        return normal([&] {
-            return "Запись сработает только если уровень лидерства говорящего с НПЦ наемника "
-                   "будет не меньше чем " +
-                   str(v_);
-        });
+            return normal(t(Say::AnyLeadership));
+        return normal([&] { return fill(t(Say::LeadershipAtLeast), {str(v_)}); });
     }
 
     Explanation phraseFirst() const {
         const std::uint32_t count = fieldValue(r_, fields::PhraseCount);
         Explanation e;
         if (v_ == kNoByte && count == 1)
-            e = normal("НПЦ ничего не скажет");
+            e = normal(t(Say::SaysNothing));
         else if (v_ == kNoByte)
-            e = red("Значение байта 15 не верно!");
+            e = red(t(Say::CountWrong));
         else if (v_ > kLastPhrase)
-            e = beyond(kTooManyPhrases);
+            e = beyond(t(Say::TooManyPhrases));
         else {
-            e = normal([&] { return "НПЦ скажет фразу №_" + str(v_); });
+            e = normal([&] { return fill(t(Say::SaysPhrase), {str(v_)}); });
             if (count > kPhraseSlots || count == 0 || v_ + count > kPhraseSlots)
-                e.remark = ", но значение байта 15 не верно!";
+                e.remark = t(Say::CountWrongRemark);
         }
         if (ctx_.paneFollowsPhrase && ctx_.lastPhrase != 0 &&
             v_ <= static_cast<std::uint32_t>(ctx_.lastPhrase))
@@ -249,49 +227,44 @@ private:
     Explanation phraseCount() const {
         const std::uint32_t first = fieldValue(r_, fields::PhraseFirst);
         if (first == kNoByte && v_ == 1)
-            return normal("НПЦ ничего не скажет");
+            return normal(t(Say::SaysNothing));
         if (first == kNoByte)
-            return red(
-                "Байт 14 = \"FF\" <НПЦ ничего не скажет>, байт 15 должен быть равен \"01\"!");
+            return red(t(Say::CountMustBeOne));
         if (first > kLastPhrase)
-            return red("Значение байта 14 не верно!");
+            return red(t(Say::FirstWrong));
         if (v_ > kPhraseSlots)
-            return beyond(kTooManyPhrases);
+            return beyond(t(Say::TooManyPhrases));
+        const auto many = [&](Say say) {
+            return fill(t(say), {str(v_), phraseWord(v_, ctx_.language), str(first)});
+        };
         if (v_ + first > kPhraseSlots)
-            return red([&] {
-                return "НПЦ не сможет сказать " + str(v_) + phraseWord(v_) + "после фразы №_" +
-                       str(first) +
-                       ", т. к. в файле (speech).edt может быть максимум 143 фразы (0-142)!";
-            });
+            return red([&] { return many(Say::CannotSay); });
         if (v_ == 0)
-            return red("По умолчанию этот байт должен быть равен \"01\"!");
+            return red(t(Say::CountDefault));
         if (v_ == 1)
-            return normal([&] { return "НПЦ скажет только фразу №_" + str(first); });
-        return normal([&] {
-            return "НПЦ скажет " + str(v_) + phraseWord(v_) + "после фразы №_" + str(first) +
-                   " (включительно)";
-        });
+            return normal([&] { return fill(t(Say::SaysOnly), {str(first)}); });
+        return normal([&] { return many(Say::SaysMany); });
     }
 
     Explanation jumpNpc() const {
         if (v_ == kNoByte)
-            return normal("Запись не передает управление");
+            return normal(t(Say::NoJump));
         if (v_ >= kCharacters)
-            return beyond("В игре всего 170 (0-169) персонажей!");
-        return normal([&] { return "Управление переходит к " + namedText(); });
+            return beyond(t(Say::OnlyCharacters));
+        return normal([&] { return fill(t(Say::JumpsToNpc), {namedText()}); });
     }
 
     Explanation jumpRecord() const {
         if (v_ == kNoByte)
-            return normal("Запись не передает управление");
+            return normal(t(Say::NoJump));
         if (ctx_.fileType == NpcFileType::Ja && v_ >= kJaRecords)
-            return beyond("Файл формата \"Агонии власти\" может иметь максимум 49 (0-48) записей!");
+            return beyond(t(Say::JaRecords));
         if (ctx_.fileType == NpcFileType::Ub && v_ >= kUbRecords)
-            return beyond("Может быть не более 50 (0-49) записей по 32 байта!");
-        return normal([&] { return "Управление передается на запись №_" + str(v_ + 1); });
+            return beyond(t(Say::UbRecords));
+        return normal([&] { return fill(t(Say::JumpsToRecord), {str(v_ + 1)}); });
     }
 
-    Explanation spare(const char* text) const {
+    Explanation spare(std::string_view text) const {
         return v_ == 0 ? normal(text) : red([&] { return std::string(text) + "!"; });
     }
 
@@ -304,22 +277,24 @@ private:
 
 } // namespace
 
-std::string phraseWord(std::uint32_t count) {
+std::string phraseWord(std::uint32_t count, Language language) {
     const std::uint32_t d = count % 10;
-    if (d == 0 || d > 4)
-        return " фраз ";
-    if (count > 10 && count < 20)
-        return " фраз ";
-    if (d == 1)
-        return " фразу ";
-    return " фразы ";
+    Say say = Say::PhraseFew;
+    if (d == 0 || d > 4 || (count > 10 && count < 20))
+        say = Say::PhraseMany;
+    else if (d == 1)
+        say = Say::PhraseOne;
+    // English counts one phrase apart from any other number of them.
+    if (language == Language::English)
+        say = count == 1 ? Say::PhraseOne : Say::PhraseMany;
+    return std::string(kTexts(say, language));
 }
 
 Explanation explain(const NpcRecord* record, int fieldIndex, const ExplainContext& context) {
     if (record == nullptr)
-        return {"Запись не существует", true, {}, std::nullopt};
+        return {std::string(kTexts(Say::NoRecord, context.language)), true, {}, std::nullopt};
     if (isEmptyRecord(*record))
-        return {"Запись пустая", true, {}, std::nullopt};
+        return {std::string(kTexts(Say::EmptyRecord, context.language)), true, {}, std::nullopt};
     return FieldExplainer(*record, fieldIndex, context, true).run();
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/npc/npcfiletype.h"
 #include "core/npc/npcrecord.h"
+#include "core/text/language.h"
 
 #include <optional>
 #include <string>
@@ -18,6 +19,8 @@ struct ExplainContext {
     bool paneFollowsPhrase = false;
     // ... and a speech file is open: its last phrase number (142, 14 or 34), 0 if none.
     int lastPhrase = 0;
+    // The language of the sentences.
+    Language language = Language::Russian;
 };
 
 struct Explanation {
@@ -40,7 +43,8 @@ struct Verdict {
 };
 Verdict judge(const NpcRecord* record, int fieldIndex, const ExplainContext& context);
 
-// The noun after a number of phrases, blanks on both sides: " фразу ", " фразы ", " фраз ".
-std::string phraseWord(std::uint32_t count);
+// The noun after a number of phrases, blanks on both sides: " фразу ", " фразы ", " фраз "
+// (" phrase ", " phrases ").
+std::string phraseWord(std::uint32_t count, Language language = Language::Russian);
 
 } // namespace parlex

@@ -1,0 +1,118 @@
+// The two languages of the core's texts, held against each other, and how a
+// language is chosen.
+#include "core/explain/explainer.h"
+#include "core/text/catalogue.h"
+#include "core/text/language.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+
+namespace {
+
+using namespace parlex;
+
+// The placeholders of a text, sorted: "{2} ... {1}" gives "{1}{2}".
+std::string placeholders(std::string_view text) {
+    std::vector<std::string> found;
+    for (std::size_t i = 0; i + 2 < text.size(); ++i)
+        if (text[i] == '{' && text[i + 1] >= '1' && text[i + 1] <= '9' && text[i + 2] == '}')
+            found.emplace_back(text.substr(i, 3));
+    std::ranges::sort(found);
+    std::string all;
+    for (const auto& p : found)
+        all += p;
+    return all;
+}
+
+// Whether UTF-8 text holds a letter of the Cyrillic block (U+0400-U+04FF: lead
+// bytes D0-D3).
+bool hasCyrillic(std::string_view text) {
+    return std::ranges::any_of(text, [](char c) {
+        const auto b = static_cast<unsigned char>(c);
+        return b >= 0xD0 && b <= 0xD3;
+    });
+}
+
+TEST(Language, EveryTextHasBothLanguagesWithTheSamePlaceholders) {
+    const auto all = textCatalogue();
+    ASSERT_FALSE(all.empty());
+    for (const auto& [table, text] : all) {
+        SCOPED_TRACE(std::string(table) + ": " + std::string(text.ru));
+        EXPECT_FALSE(text.ru.empty());
+        EXPECT_FALSE(text.en.empty());
+        EXPECT_EQ(placeholders(text.ru), placeholders(text.en));
+        EXPECT_FALSE(hasCyrillic(text.en));
+        // A text with Russian words has English ones of its own.
+        if (hasCyrillic(text.ru)) {
+            EXPECT_NE(text.ru, text.en);
+        }
+    }
+}
+
+TEST(Language, FillPutsValuesInTheirPlaces) {
+    const std::tuple<std::string_view, std::vector<std::string_view>, std::string> cases[] = {
+        {"{1} from {2}", {"a", "b"}, "a from b"},
+        {"{2} and {1}{1}", {"a", "b"}, "b and aa"},
+        {"{3} stays, {1}", {"a"}, "{3} stays, a"},
+        {"{x} {0} {", {"a"}, "{x} {0} {"},
+    };
+    for (const auto& [pattern, values, expected] : cases) {
+        std::string got;
+        switch (values.size()) {
+        case 1:
+            got = fill(pattern, {values[0]});
+            break;
+        default:
+            got = fill(pattern, {values[0], values[1]});
+        }
+        EXPECT_EQ(got, expected) << pattern;
+    }
+    const Said said = say({"{1} и {2}", "{2} and {1}"}, {Said("один", "one"), "2"});
+    EXPECT_EQ(said.ru, "один и 2");
+    EXPECT_EQ(said.en, "2 and one");
+}
+
+TEST(Language, TheEnvironmentChoosesEnglishOnlyWhenItNamesIt) {
+    using Env = std::map<std::string, std::string>;
+    const std::tuple<Env, Language> cases[] = {
+        {Env{}, Language::Russian},
+        {{{"LANG", "en_GB.UTF-8"}}, Language::English},
+        {{{"LANG", "en"}}, Language::English},
+        {{{"LANG", "EN_us"}}, Language::English},
+        {{{"LANG", "C"}}, Language::Russian},
+        {{{"LANG", "POSIX"}}, Language::Russian},
+        {{{"LANG", "eng_XX"}}, Language::Russian},
+        {{{"LANG", "de_DE.UTF-8"}}, Language::Russian},
+        // The first of LC_ALL, LC_MESSAGES and LANG that is set decides.
+        {{{"LC_ALL", "ru_RU.UTF-8"}, {"LANG", "en_US.UTF-8"}}, Language::Russian},
+        {{{"LC_MESSAGES", "en_AU"}, {"LANG", "ru_RU"}}, Language::English},
+        {{{"LC_ALL", ""}, {"LANG", "en@quot"}}, Language::English},
+        // PARLEX_LANG before them all; a word it does not know leaves them to decide.
+        {{{"PARLEX_LANG", "en"}, {"LC_ALL", "ru_RU"}}, Language::English},
+        {{{"PARLEX_LANG", "RU"}, {"LANG", "en_US"}}, Language::Russian},
+        {{{"PARLEX_LANG", "fr"}, {"LANG", "en_US"}}, Language::English},
+    };
+    for (const auto& [env, expected] : cases) {
+        const auto get = [&env](const char* name) -> const char* {
+            const auto it = env.find(name);
+            return it == env.end() ? nullptr : it->second.c_str();
+        };
+        EXPECT_EQ(languageOfEnvironment(get), expected) << testing::PrintToString(env);
+    }
+}
+
+TEST(Language, EnglishCountsPhrasesInItsOwnWay) {
+    const std::tuple<std::uint32_t, std::string, std::string> cases[] = {
+        {1, " фразу ", " phrase "},  {2, " фразы ", " phrases "},  {5, " фраз ", " phrases "},
+        {11, " фраз ", " phrases "}, {21, " фразу ", " phrases "},
+    };
+    for (const auto& [count, russian, english] : cases) {
+        EXPECT_EQ(phraseWord(count, Language::Russian), russian) << count;
+        EXPECT_EQ(phraseWord(count, Language::English), english) << count;
+    }
+}
+
+} // namespace
