@@ -1,5 +1,6 @@
 #include "cli/args.h"
 
+#include "cli/clitexts.h"
 #include "core/platform/files.h"
 
 #include <algorithm>
@@ -37,17 +38,17 @@ std::variant<Args, UsageError> parseArgs(std::span<char* const> words,
                 if (o.name == name)
                     known = &o;
             if (!known)
-                return UsageError{"неизвестный параметр " + std::string(name)};
+                return UsageError{say(kTexts[Say::UnknownOption], {std::string(name)})};
             if (!known->takesValue) {
                 if (inlineValue)
-                    return UsageError{"параметр " + std::string(name) + " не принимает значения"};
+                    return UsageError{say(kTexts[Say::NoValueAllowed], {std::string(name)})};
                 args.flags.emplace(name);
             } else if (inlineValue) {
                 args.values[std::string(name)] = std::string(*inlineValue);
             } else if (i + 1 < words.size()) {
                 args.values[std::string(name)] = words[++i];
             } else {
-                return UsageError{"параметру " + std::string(name) + " нужно значение"};
+                return UsageError{say(kTexts[Say::ValueNeeded], {std::string(name)})};
             }
             continue;
         }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/language.h"
+
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -33,7 +35,7 @@ struct Args {
 };
 
 struct UsageError {
-    std::string message;
+    Said message;
 };
 
 // Splits the words of a command line by the options the command knows.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/args.h"
+#include "cli/clitexts.h"
 #include "core/common/error.h"
 #include "core/text/language.h"
 
@@ -20,10 +21,10 @@ struct Io {
 };
 
 struct Command {
-    std::string_view name;    // "info", "lists show"
-    std::string_view usage;   // the line after "parlex-cli "
-    std::string_view summary; // one line for the overview
-    std::string_view details; // further lines of --help (may be empty)
+    std::string_view name;  // "info", "lists show"
+    std::string_view usage; // the line after "parlex-cli "
+    Text summary;           // one line for the overview
+    Text details;           // further lines of --help (may be empty)
     std::span<const OptionSpec> options;
     int (*run)(const Args& args, Io io);
 };
@@ -34,6 +35,9 @@ std::span<const Command> listCommands();
 std::span<const Command> explainCommands();
 std::span<const Command> edtCommands();
 std::span<const Command> modCommands();
+
+// A text of the command line in the language of the run, its values filled in.
+std::string tell(Io io, Say key, std::initializer_list<std::string_view> values = {});
 
 // Prints the error's message to stderr and returns kFailed.
 int report(const Error& error, Io io);

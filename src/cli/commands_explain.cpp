@@ -19,8 +19,11 @@ namespace {
 
 void appendText(std::string& out, const NpcRecord* record, int position,
                 const ExplainContext& context) {
-    out += "Запись " + text::zeroPadded(static_cast<unsigned>(position), 2) + ": " +
-           (record ? text::hexBytes(*record) : std::string("(нет записи)")) + "\n";
+    const Language l = context.language;
+    out += fill(kTexts(Say::RecordHeading, l),
+                {text::zeroPadded(static_cast<unsigned>(position), 2),
+                 record ? text::hexBytes(*record) : std::string(kTexts(Say::NoRecord, l))}) +
+           "\n";
     for (const auto& field : fieldTable()) {
         const Explanation e = explain(record, field.index, context);
         std::string label = fieldStart(field.index).label; // " (01-02 as Word)"
@@ -105,7 +108,7 @@ int runExplain(const Args& args, Io io) {
 // shows them. The speech file is --edt, else the one beside the script, as lint finds it.
 int runOverview(const Args& args, Io io) {
     if (args.positional.size() != 1)
-        return usage("overview", "нужен ровно один файл .npc", io);
+        return usage("overview", tell(io, Say::OneScript), io);
     const auto readable = readableListsFolder(args);
     if (!readable)
         return report(readable.error(), io);
@@ -125,14 +128,15 @@ int runOverview(const Args& args, Io io) {
         speech = std::move(*file);
         source = {&*speech, size ? static_cast<int>(*size / speech->info().recordSize) : 0};
     }
-    const auto records = mod::recordRows(*script, source, lists, args.has("--empty"));
+    const auto records = mod::recordRows(*script, source, lists, args.has("--empty"), io.language);
     const auto phrases = mod::phraseRows(*script, source, !args.has("--all-phrases"));
     if (args.has("--html"))
-        io.out << mod::overviewHtml("Обзор " + script->title(), records, phrases);
+        io.out << mod::overviewHtml(tell(io, Say::OverviewTitle, {script->title()}), records,
+                                    phrases, io.language);
     else if (args.has("--json"))
         io.out << mod::overviewJson(records, phrases) << "\n";
     else
-        io.out << mod::overviewText(records, phrases);
+        io.out << mod::overviewText(records, phrases, io.language);
     return kOk;
 }
 
@@ -142,31 +146,58 @@ constexpr OptionSpec kOverviewOptions[] = {{"--edt", true},    {"--lists", true}
                                            {"--empty", false}, {"--all-phrases", false}};
 
 constexpr Command kCommands[] = {
-    {"explain", "explain PATH... [--record N] [--lists DIR] [--json]",
-     "каждое поле каждой записи словами, как их объясняет окно программы",
-     "Без --record: все записи файла (50 для \"ub\", 49 для \"ja\"); --record N: позиция 1-50\n"
-     "(позиция 50 файла \"ja\" не содержит записи). В тексте \"!\" в начале строки отмечает\n"
-     "ошибочное значение (в окне - тёмно-красный цвет), **...** - замечание после фразы.\n"
-     "--json: {\"type\":..., \"records\":[{\"record\":1, \"hex\":..., \"fields\":[{\"field\":0,\n"
-     "\"label\":..., \"value\":..., \"text\":..., \"alert\":..., \"remark\":...}, ...]}]}\n"
-     "PATH: файл .npc или папка (все *.npc внутри). Несколько файлов: каждый под строкой\n"
-     "\"==> ФАЙЛ <==\", а с --json по строке JSON на файл с ключом \"file\".",
-     kOptions, runExplain},
+    {"explain",
+     "explain PATH... [--record N] [--lists DIR] [--json]",
+     {"каждое поле каждой записи словами, как их объясняет окно программы",
+      "every field of every record in words, as the program's window explains them"},
+     {"Без --record: все записи файла (50 для \"ub\", 49 для \"ja\"); --record N: позиция 1-50\n"
+      "(позиция 50 файла \"ja\" не содержит записи). В тексте \"!\" в начале строки отмечает\n"
+      "ошибочное значение (в окне - тёмно-красный цвет), **...** - замечание после фразы.\n"
+      "--json: {\"type\":..., \"records\":[{\"record\":1, \"hex\":..., \"fields\":[{\"field\":0,\n"
+      "\"label\":..., \"value\":..., \"text\":..., \"alert\":..., \"remark\":...}, ...]}]}\n"
+      "PATH: файл .npc или папка (все *.npc внутри). Несколько файлов: каждый под строкой\n"
+      "\"==> ФАЙЛ <==\", а с --json по строке JSON на файл с ключом \"file\".",
+      "Without --record: every record of the file (50 for \"ub\", 49 for \"ja\"); --record N:\n"
+      "position 1-50 (position 50 of a \"ja\" file holds no record). In the text a \"!\" at\n"
+      "the start of a line marks a wrong value (dark red in the window), **...** a remark\n"
+      "behind the sentence.\n"
+      "--json: {\"type\":..., \"records\":[{\"record\":1, \"hex\":..., \"fields\":[{\"field\":0,\n"
+      "\"label\":..., \"value\":..., \"text\":..., \"alert\":..., \"remark\":...}, ...]}]}\n"
+      "PATH: an .npc file or a folder (every *.npc inside). Several files: each under a\n"
+      "line \"==> FILE <==\", and with --json a line of JSON per file with a \"file\" key."},
+     kOptions,
+     runExplain},
     {"overview",
      "overview FILE.npc [--edt FILE.edt] [--lists DIR] [--json | --html] [--empty] [--all-phrases]",
-     "весь скрипт разом: строка на запись и строка на фразу, как в обзоре окна",
-     "Записи: номер, когда срабатывает, что делает, что говорит (номера фраз и текст\n"
-     "первой) и замечания, как их находит lint (\"!\" - ошибка). Пустые записи - с --empty.\n"
-     "Фразы речевого файла (--edt, иначе файл .EDT рядом со скриптом): номер, текст, длина\n"
-     "против предела вида и записи, которые её говорят; без --all-phrases - только\n"
-     "заполненные и те, что говорит какая-либо запись. Текст разделён табуляциями\n"
-     "(вставляется в электронную таблицу как есть).\n"
-     "--json: {\"records\":[{\"record\":1, \"empty\":..., \"when\":..., \"does\":...,\n"
-     "\"says\":..., \"phrases\":{\"first\":..., \"count\":...}, \"findings\":[{\"field\":...,\n"
-     "\"severity\":..., \"message\":...}]}], \"phrases\":[{\"phrase\":0, \"text\":...,\n"
-     "\"length\":..., \"limit\":..., \"present\":..., \"spokenBy\":[...]}]}\n"
-     "--html: обе таблицы страницей HTML (UTF-8) для описания мода, ошибки тёмно-красным.",
-     kOverviewOptions, runOverview},
+     {"весь скрипт разом: строка на запись и строка на фразу, как в обзоре окна",
+      "the whole script at a glance: a line per record and per phrase, as in the window's "
+      "overview"},
+     {"Записи: номер, когда срабатывает, что делает, что говорит (номера фраз и текст\n"
+      "первой) и замечания, как их находит lint (\"!\" - ошибка). Пустые записи - с --empty.\n"
+      "Фразы речевого файла (--edt, иначе файл .EDT рядом со скриптом): номер, текст, длина\n"
+      "против предела вида и записи, которые её говорят; без --all-phrases - только\n"
+      "заполненные и те, что говорит какая-либо запись. Текст разделён табуляциями\n"
+      "(вставляется в электронную таблицу как есть).\n"
+      "--json: {\"records\":[{\"record\":1, \"empty\":..., \"when\":..., \"does\":...,\n"
+      "\"says\":..., \"phrases\":{\"first\":..., \"count\":...}, \"findings\":[{\"field\":...,\n"
+      "\"severity\":..., \"message\":...}]}], \"phrases\":[{\"phrase\":0, \"text\":...,\n"
+      "\"length\":..., \"limit\":..., \"present\":..., \"spokenBy\":[...]}]}\n"
+      "--html: обе таблицы страницей HTML (UTF-8) для описания мода, ошибки тёмно-красным.",
+      "Records: the number, when it fires, what it does, what it says (the phrase numbers\n"
+      "and the first phrase's text) and the remarks as lint finds them (\"!\" an error).\n"
+      "Empty records with --empty. Phrases of the speech file (--edt, else the .EDT file\n"
+      "beside the script): the number, the text, the length against the kind's limit and\n"
+      "the records that speak it; without --all-phrases only those with text and those\n"
+      "some record speaks. The text is tab-separated (it pastes into a spreadsheet as it\n"
+      "is).\n"
+      "--json: {\"records\":[{\"record\":1, \"empty\":..., \"when\":..., \"does\":...,\n"
+      "\"says\":..., \"phrases\":{\"first\":..., \"count\":...}, \"findings\":[{\"field\":...,\n"
+      "\"severity\":..., \"message\":...}]}], \"phrases\":[{\"phrase\":0, \"text\":...,\n"
+      "\"length\":..., \"limit\":..., \"present\":..., \"spokenBy\":[...]}]}\n"
+      "--html: both tables as an HTML page (UTF-8) for a mod's description, errors in dark\n"
+      "red."},
+     kOverviewOptions,
+     runOverview},
 };
 
 } // namespace

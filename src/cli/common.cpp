@@ -25,15 +25,19 @@ Result<std::filesystem::path> readableListsFolder(const Args& args) {
     return folder;
 }
 
+std::string tell(Io io, Say key, std::initializer_list<std::string_view> values) {
+    return fill(kTexts(key, io.language), values);
+}
+
 int report(const Error& error, Io io) {
-    io.err << "parlex-cli: " << error.message << "\n";
+    io.err << "parlex-cli: " << error.text(io.language) << "\n";
     return kFailed;
 }
 
 int forEachScript(const Args& args, std::string_view command,
                   const std::function<ScriptOutput()>& makeOne, Io io) {
     if (args.positional.empty())
-        return usage(command, "нужен хотя бы один файл .npc или папка", io);
+        return usage(command, tell(io, Say::OneOrMoreScripts), io);
     const std::vector<std::filesystem::path> named = pathArgs(args.positional);
     const auto scripts = mod::collectScripts(named);
     const bool several = scripts.size() > 1 || std::filesystem::is_directory(named.front());
@@ -72,10 +76,7 @@ std::optional<long long> numberArg(std::string_view command, std::string_view op
     if (auto value = parseNumber(given, min, max))
         return value;
     usage(command,
-          std::string(option) + ": \"" + std::string(given) +
-              "\" не подходит, нужно целое число от " + std::to_string(min) + " до " +
-              std::to_string(max) + " (десятичное или 0x...)",
-          io);
+          tell(io, Say::NotANumber, {option, given, std::to_string(min), std::to_string(max)}), io);
     return std::nullopt;
 }
 
@@ -101,13 +102,12 @@ std::optional<Error> overwriteRefusal(const std::filesystem::path& output, const
     if (args.has("--yes") || !platform::fileExists(output) ||
         (onlyGameFiles && !holdsGameFile(output)))
         return std::nullopt;
-    return Error{ErrorKind::Exists, "Файл " + platform::utf8(output) +
-                                        "\nуже существует. Чтобы заменить его, добавьте --yes."};
+    return Error::said(ErrorKind::Exists, say(kTexts[Say::Exists], {platform::utf8(output)}));
 }
 
 int usage(std::string_view command, std::string_view complaint, Io io) {
-    io.err << "parlex-cli " << command << ": " << complaint << "\nПодробности: parlex-cli "
-           << command << " --help\n";
+    io.err << "parlex-cli " << command << ": " << complaint << "\n"
+           << tell(io, Say::SeeHelp, {command}) << "\n";
     return kUsage;
 }
 

@@ -22,20 +22,22 @@ std::vector<const Command*> allCommands() {
     return all;
 }
 
-void printOverview(std::ostream& out) {
-    out << "parlex-cli: работа со скриптами .npc, речевыми файлами .edt и списками кодов\n\n"
-           "Использование: parlex-cli КОМАНДА [ПАРАМЕТРЫ]\n\nКоманды:\n";
+void printOverview(std::ostream& out, parlex::Language l) {
+    out << kTexts(Say::About, l) << "\n\n"
+        << kTexts(Say::Usage, l) << "\n\n"
+        << kTexts(Say::Commands, l) << "\n";
     for (const Command* c : allCommands())
-        out << "  " << c->usage << "\n      " << c->summary << "\n";
-    out << "\nparlex-cli КОМАНДА --help  подробности о команде.\n"
-           "parlex-cli --version  версия программы.\n"
-           "Код выхода: 0 успех, 1 файл или значение нельзя использовать, 2 неверный вызов.\n";
+        out << "  " << c->usage << "\n      " << c->summary.in(l) << "\n";
+    out << "\n"
+        << kTexts(Say::MoreHelp, l) << "\n"
+        << kTexts(Say::Version, l) << "\n"
+        << kTexts(Say::ExitStatus, l) << "\n";
 }
 
-void printHelp(const Command& c, std::ostream& out) {
-    out << "Использование: parlex-cli " << c.usage << "\n\n" << c.summary << "\n";
-    if (!c.details.empty())
-        out << "\n" << c.details << "\n";
+void printHelp(const Command& c, std::ostream& out, parlex::Language l) {
+    out << parlex::fill(kTexts(Say::UsageLine, l), {c.usage}) << "\n\n" << c.summary.in(l) << "\n";
+    if (!c.details.in(l).empty())
+        out << "\n" << c.details.in(l) << "\n";
 }
 
 // Takes "--lang ru|en" (or "--lang=en") out of the words, wherever it stands: the
@@ -69,18 +71,17 @@ int main(int argc, char** argv) {
     std::vector<char*> words(argv + 1, argv + argc);
     const auto language = takeLanguage(words);
     if (!language) {
-        std::cerr << "parlex-cli: --lang: нужен язык ru или en (--lang: the language must be ru "
-                     "or en)\n";
+        std::cerr << kTexts(Say::BadLanguage, parlex::Language::Russian) << "\n";
         return kUsage;
     }
     Io io{std::cout, std::cerr, *language};
     if (words.empty()) {
-        printOverview(std::cerr);
+        printOverview(std::cerr, io.language);
         return kUsage;
     }
     const std::string_view first = words[0];
     if (first == "--help" || first == "-h" || first == "help") {
-        printOverview(std::cout);
+        printOverview(std::cout, io.language);
         return kOk;
     }
     if (first == "--version") {
@@ -112,30 +113,30 @@ int main(int argc, char** argv) {
             std::ostream& out = asked ? std::cout : std::cerr;
             for (const Command* c : allCommands())
                 if (std::string_view(c->name).starts_with(std::string(first) + " "))
-                    out << "parlex-cli " << c->usage << "\n    " << c->summary << "\n";
+                    out << "parlex-cli " << c->usage << "\n    " << c->summary.in(io.language)
+                        << "\n";
             return asked ? kOk : kUsage;
         }
-        std::cerr << "parlex-cli: неизвестная команда \"" << first
-                  << "\". Список команд: parlex-cli --help\n";
+        std::cerr << tell(io, Say::UnknownCommand, {first}) << "\n";
         return kUsage;
     }
     const auto parsed = parseArgs(std::span(words).subspan(used), command->options);
     if (const auto* error = std::get_if<UsageError>(&parsed))
-        return usage(command->name, error->message, io);
+        return usage(command->name, error->message.in(io.language), io);
     const Args& args = std::get<Args>(parsed);
     if (args.help) {
-        printHelp(*command, std::cout);
+        printHelp(*command, std::cout, io.language);
         return kOk;
     }
     // A list folder that is not there would quietly mean the built-in lists.
     if (const auto lists = args.value("--lists");
         lists && !std::filesystem::is_directory(pathArg(*lists)))
-        return usage(command->name, "--lists: папки " + *lists + " нет", io);
+        return usage(command->name, tell(io, Say::NoListsFolder, {*lists}), io);
     const int status = command->run(args, io);
     // Output that could not be written (a full disk, a closed pipe) is a failure.
     std::cout.flush();
     if (!std::cout) {
-        std::cerr << "parlex-cli: не удалось записать результат в стандартный вывод\n";
+        std::cerr << tell(io, Say::OutputFailed) << "\n";
         return kFailed;
     }
     return status;

@@ -8,11 +8,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <sstream>
+#include <tuple>
 
 namespace {
 
@@ -139,61 +141,111 @@ struct Fingerprint {
     const char* russian; // FNV-1a of what the call prints in Russian
 };
 
+constexpr Fingerprint kCalls[] = {
+    {"--help", "b975df5b1480c584"},
+    {"info --help", "2749c8329d93a5b3"},
+    {"dump --help", "2c4d16c3c1178378"},
+    {"set --help", "85f0284d2d7751a1"},
+    {"convert --help", "5c372329c731e9d2"},
+    {"lookup --help", "a24cd771b4ca7663"},
+    {"lists --help", "123a73cad63a9870"},
+    {"lists show --help", "1c0410a6110f0ae1"},
+    {"lists extract --help", "d550c74c3b94a5b7"},
+    {"explain --help", "f1d7a9f25eb826dd"},
+    {"overview --help", "3d7567670732eaef"},
+    {"edt --help", "f51bbea6a60e3cd6"},
+    {"edt show --help", "709e1206351043e8"},
+    {"edt info --help", "d0240b6661243b23"},
+    {"edt set --help", "1646cba544169959"},
+    {"edt new --help", "c67e255ee51131f2"},
+    {"edt decompile --help", "861baeaec1c9cd62"},
+    {"edt export --help", "ee92c55db4ac02da"},
+    {"edt import --help", "9e9cdaca5a1a799b"},
+    {"lint --help", "7b8686ec5cd42338"},
+    {"find --help", "34047737b7748560"},
+    {"diff --help", "a8d066abe65e0f96"},
+    {"explain @mod --lists @lists", "2d53be084643e0e4"},
+    {"explain @mod/3 --lists @lists --json", "5d657207604b2c9c"},
+    {"lint @mod --lists @lists", "e8bb07c462b19790"},
+    {"lint @mod/2 --lists @lists --json", "7169f646d0b221e8"},
+    {"find @mod --lists @lists --list T --code 7", "2f065616294bfba0"},
+    {"find @mod --phrase 3 --json", "9ff3829e8e385776"},
+    {"diff @mod/0/0.npc @mod/1/1.npc --lists @lists", "4c151d90a96afa71"},
+    {"diff @mod/0/0.npc @mod/0/20.npc --lists @lists --json", "09dacb0f00db10a3"},
+    {"info @mod/5", "9954f4b1f1069401"},
+    {"edt info @mod/0/0.EDT --kind npc", "cfe2b4713d0ef2ff"},
+    {"edt info @mod/4/4.EDT --kind civ", "a9f9dfc5e7d1789b"},
+    {"overview @mod/0/0.npc --lists @lists", "c2a426283b48965b"},
+    {"overview @mod/1/1.npc --lists @lists --json --empty", "c810a2207a2df99c"},
+    {"explain @short.npc", "80e88636fd810053"},
+    {"explain @missing.npc", "cc7532f845c978c6"},
+    {"set @mod/0/0.npc --record 51 --field 0 --value 1", "eb48d2612501b7f4"},
+    {"edt info @mod/0/0.EDT", "fa9bea14fb215b91"},
+    {"frobnicate", "6855c9c98670e9ed"},
+};
+
 // Set PARLEX_PRINT_DIGESTS to print the fingerprints of this tree instead of
 // checking them, after a change that is meant to alter the Russian texts.
 TEST_F(Languages, RussianOutputStaysAsItWas) {
 #ifdef _WIN32
     GTEST_SKIP() << "the fingerprints are of the Linux output (paths, file count)";
 #endif
-    const Fingerprint calls[] = {
-        {"--help", "b975df5b1480c584"},
-        {"info --help", "2749c8329d93a5b3"},
-        {"dump --help", "2c4d16c3c1178378"},
-        {"set --help", "85f0284d2d7751a1"},
-        {"convert --help", "5c372329c731e9d2"},
-        {"lookup --help", "a24cd771b4ca7663"},
-        {"lists --help", "123a73cad63a9870"},
-        {"lists show --help", "1c0410a6110f0ae1"},
-        {"lists extract --help", "d550c74c3b94a5b7"},
-        {"explain --help", "f1d7a9f25eb826dd"},
-        {"overview --help", "3d7567670732eaef"},
-        {"edt --help", "f51bbea6a60e3cd6"},
-        {"edt show --help", "709e1206351043e8"},
-        {"edt info --help", "d0240b6661243b23"},
-        {"edt set --help", "1646cba544169959"},
-        {"edt new --help", "c67e255ee51131f2"},
-        {"edt decompile --help", "861baeaec1c9cd62"},
-        {"edt export --help", "ee92c55db4ac02da"},
-        {"edt import --help", "9e9cdaca5a1a799b"},
-        {"lint --help", "7b8686ec5cd42338"},
-        {"find --help", "34047737b7748560"},
-        {"diff --help", "a8d066abe65e0f96"},
-        {"explain @mod --lists @lists", "2d53be084643e0e4"},
-        {"explain @mod/3 --lists @lists --json", "5d657207604b2c9c"},
-        {"lint @mod --lists @lists", "e8bb07c462b19790"},
-        {"lint @mod/2 --lists @lists --json", "7169f646d0b221e8"},
-        {"find @mod --lists @lists --list T --code 7", "2f065616294bfba0"},
-        {"find @mod --phrase 3 --json", "9ff3829e8e385776"},
-        {"diff @mod/0/0.npc @mod/1/1.npc --lists @lists", "4c151d90a96afa71"},
-        {"diff @mod/0/0.npc @mod/0/20.npc --lists @lists --json", "09dacb0f00db10a3"},
-        {"info @mod/5", "9954f4b1f1069401"},
-        {"edt info @mod/0/0.EDT --kind npc", "cfe2b4713d0ef2ff"},
-        {"edt info @mod/4/4.EDT --kind civ", "a9f9dfc5e7d1789b"},
-        {"overview @mod/0/0.npc --lists @lists", "c2a426283b48965b"},
-        {"overview @mod/1/1.npc --lists @lists --json --empty", "c810a2207a2df99c"},
-        {"explain @short.npc", "80e88636fd810053"},
-        {"explain @missing.npc", "cc7532f845c978c6"},
-        {"set @mod/0/0.npc --record 51 --field 0 --value 1", "eb48d2612501b7f4"},
-        {"edt info @mod/0/0.EDT", "fa9bea14fb215b91"},
-        {"frobnicate", "6855c9c98670e9ed"},
-    };
     const bool print = std::getenv("PARLEX_PRINT_DIGESTS") != nullptr;
-    for (const Fingerprint& c : calls) {
+    for (const Fingerprint& c : kCalls) {
         const std::string got = digest(printed(c.call));
         if (print)
             std::cout << "        {\"" << c.call << "\", \"" << got << "\"},\n";
         else
             EXPECT_EQ(got, c.russian) << c.call << "\n" << printed(c.call).substr(0, 3000);
+    }
+}
+
+// Whether UTF-8 text holds a letter of the Cyrillic block (lead bytes D0-D3).
+bool hasCyrillic(std::string_view text) {
+    return std::ranges::any_of(text, [](char c) {
+        const auto b = static_cast<unsigned char>(c);
+        return b >= 0xD0 && b <= 0xD3;
+    });
+}
+
+// In English, nothing of what the program says is Russian: the scripts, the lists
+// and the phrases of this mod are ASCII, so any Cyrillic letter is one of ours.
+TEST_F(Languages, EnglishOutputHasNoRussianWord) {
+    for (const Fingerprint& c : kCalls) {
+        const std::string got = printed(std::string(c.call) + " --lang en");
+        EXPECT_FALSE(hasCyrillic(got)) << c.call << "\n" << got.substr(0, 3000);
+        EXPECT_GT(got.size(), 8u) << c.call;
+    }
+}
+
+#ifndef _WIN32
+// Without --lang, PARLEX_LANG decides, then the locale; --lang itself goes first.
+TEST_F(Languages, TheEnvironmentChoosesWithoutLang) {
+    const std::tuple<const char*, const char*, const char*, bool> cases[] = {
+        {"en", "ru_RU.UTF-8", "--help", true},
+        {"", "en_GB.UTF-8", "--help", true},
+        {"", "C", "--help", false},
+        {"en", "", "--help --lang ru", false},
+        {"", "", "info --lang=en --help", true},
+    };
+    for (const auto& [parlexLang, lang, call, english] : cases) {
+        ::setenv("PARLEX_LANG", parlexLang, 1);
+        ::setenv("LANG", lang, 1);
+        ::unsetenv("LC_ALL");
+        ::unsetenv("LC_MESSAGES");
+        const std::string got = printed(call);
+        EXPECT_EQ(!hasCyrillic(got), english) << parlexLang << " " << lang << " " << call;
+    }
+    ::unsetenv("PARLEX_LANG");
+    ::unsetenv("LANG");
+}
+#endif
+
+TEST_F(Languages, AnUnknownLanguageIsAWrongCall) {
+    for (const char* line : {"info @mod/0/0.npc --lang de", "--lang"}) {
+        const clitest::Run run = clitest::runCli(call(line));
+        EXPECT_EQ(run.status, 2) << line;
+        EXPECT_NE(run.err.find("--lang"), std::string::npos) << line;
     }
 }
 

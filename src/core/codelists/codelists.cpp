@@ -1,5 +1,7 @@
 #include "core/codelists/codelists.h"
 
+#include "core/codelists/listtexts.h"
+
 #include "core/explain/fieldlayout.h"
 #include "core/npc/npcrecord.h"
 #include "core/text/cp1251.h"
@@ -50,8 +52,11 @@ std::optional<std::uint64_t> wholeNumber(std::string_view text) {
 
 } // namespace
 
-std::string formatListRow(bool wordCodes, std::uint32_t code, std::string_view name) {
-    std::string row = "№_" + std::to_string(code) + " (" + text::byteHex(code & 0xFF);
+std::string formatListRow(bool wordCodes, std::uint32_t code, std::string_view name,
+                          Language language) {
+    std::string row =
+        fill(listtexts::kTexts(listtexts::Say::Number, language), {std::to_string(code)}) + " (" +
+        text::byteHex(code & 0xFF);
     if (wordCodes)
         row += " " + text::byteHex((code >> 8) & 0xFF);
     row += ") ";
@@ -105,12 +110,13 @@ CodeLists::readOverride(ListKey key, const platform::FileStatus& status) const {
         if (data.error().systemCode == 0)
             return std::unexpected(data.error());
         const int code = data.error().systemCode;
-        return std::unexpected(Error{ErrorKind::Read,
-                                     "Error " + std::to_string(code) + "\n" +
-                                         platform::errorDescription(code) +
-                                         "\nФайл: " + platform::utf8(path),
-                                     {},
-                                     code});
+        return std::unexpected(
+            Error::said(ErrorKind::Read, inEach([&](Language l) {
+                            return fill(listtexts::kTexts(listtexts::Say::Unreadable, l),
+                                        {std::to_string(code), platform::errorDescription(code, l),
+                                         platform::utf8(path)});
+                        }),
+                        {}, code));
     }
     ListFile file;
     file.status = status;
@@ -156,14 +162,14 @@ std::string CodeLists::lookupCode(int fieldIndex, std::uint32_t value) const {
     return key ? lookup(*key, value) : std::string("?");
 }
 
-ListRows CodeLists::rows(ListKey key) const {
+ListRows CodeLists::rows(ListKey key, Language language) const {
     const CodeList& list = codeList(key);
     ListRows result;
     const ListFile* file = overrideFile(key);
     if (!file) {
         for (auto code : builtInCodes(key))
-            result.rows.push_back(formatListRow(list.wordCodes, code,
-                                                builtInText(key, code).value_or(std::string())));
+            result.rows.push_back(formatListRow(
+                list.wordCodes, code, builtInText(key, code).value_or(std::string()), language));
         return result;
     }
     std::uint32_t code = 0; // code of the last data line: carried by lines without "="
@@ -179,16 +185,13 @@ ListRows CodeLists::rows(ListKey key) const {
         }
         if (result.rows.size() == kRowLimit) {
             const std::string shown = cutLine(rowText, kWarningLineLimit);
-            result.warning = "Достигнут предел потребления ресурсов памяти.\n"
-                             "Сейчас будет очищены все занимаемые этой программой\n"
-                             "ресурсы памяти. Остоновка на чтении.... \n"
-                             "Строка: " +
-                             text::cp1251ToUtf8(shown) +
-                             "\nНомер стороки: " + std::to_string(result.rows.size());
-            result.rows.emplace_back("Error - аварийное прерывание");
+            result.warning = fill(listtexts::kTexts(listtexts::Say::RowLimit, language),
+                                  {text::cp1251ToUtf8(shown), std::to_string(result.rows.size())});
+            result.rows.emplace_back(listtexts::kTexts(listtexts::Say::RowLimitMarker, language));
             break;
         }
-        result.rows.push_back(formatListRow(list.wordCodes, code, text::cp1251ToUtf8(rowText)));
+        result.rows.push_back(
+            formatListRow(list.wordCodes, code, text::cp1251ToUtf8(rowText), language));
     }
     return result;
 }

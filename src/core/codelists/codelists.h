@@ -45,7 +45,7 @@ public:
 
     // The rows of a list: "№_268 (0C 01) text" for Word lists, "№_12 (0C) text" for
     // Byte lists; from the list file in file order, or every code of the built-in table.
-    ListRows rows(ListKey key) const;
+    ListRows rows(ListKey key, Language language = Language::Russian) const;
 
     // The name the status bar gives a script: a title whose first three characters
     // are a number names the character of that number, by Npc.txt when it exists
@@ -86,6 +86,7 @@ private:
 };
 
 // The row of a code as the list window shows it.
-std::string formatListRow(bool wordCodes, std::uint32_t code, std::string_view text);
+std::string formatListRow(bool wordCodes, std::uint32_t code, std::string_view text,
+                          Language language = Language::Russian);
 
 } // namespace parlex

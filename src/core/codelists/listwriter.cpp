@@ -1,5 +1,6 @@
 #include "core/codelists/listwriter.h"
 
+#include "core/codelists/listtexts.h"
 #include "core/platform/files.h"
 #include "core/text/cp1251.h"
 
@@ -17,21 +18,17 @@ std::string dateText(const std::tm& t) {
 
 } // namespace
 
-std::string listFileText(ListKey key, const std::filesystem::path& path, const std::tm& now) {
+std::string listFileText(ListKey key, const std::filesystem::path& path, const std::tm& now,
+                         Language language) {
     std::string out = "; " + platform::utf8(path) + " Greated: " + dateText(now) + "\r\n" +
-                      "; Вы можете изменять значения данного списка\r\n"
-                      "; и при наличии данного файла в директории с программой\r\n"
-                      "; данные будут загружаться из списка\r\n"
-                      "; Parlex (v.2.01) - редактор скриптов и речи НПЦ Jagged Alliance 2 и "
-                      "Unfinished Business\r\n"
-                      "\r\n";
+                      std::string(listtexts::kTexts(listtexts::Say::FileHeader, language)) + "\r\n";
     for (auto code : builtInCodes(key))
         out += std::to_string(code) + "=" + textOrUnknown(builtInText(key, code)) + "\r\n";
     return out;
 }
 
 Result<std::filesystem::path> writeListFile(ListKey key, const std::filesystem::path& folder,
-                                            const std::tm& now, bool replace) {
+                                            const std::tm& now, bool replace, Language language) {
     std::error_code ec;
     const auto absolute = std::filesystem::absolute(folder, ec);
     const auto path = (ec ? folder : absolute) / std::string(codeList(key).overrideFile);
@@ -39,9 +36,9 @@ Result<std::filesystem::path> writeListFile(ListKey key, const std::filesystem::
         return std::unexpected(platform::readOnlyDriveError(folder, false));
     if (!replace && platform::fileExists(path))
         return fail(ErrorKind::Exists,
-                    "Файл " + platform::utf8(path) + "\nуже существует. Заменить его?");
+                    say(listtexts::kTexts[listtexts::Say::Exists], {platform::utf8(path)}));
     std::filesystem::create_directories(path.parent_path(), ec); // a failure shows in the write
-    auto bytes = text::utf8ToCp1251(listFileText(key, path, now));
+    auto bytes = text::utf8ToCp1251(listFileText(key, path, now, language));
     if (!bytes)
         return std::unexpected(bytes.error());
     if (auto written = platform::writeFileAtomic(path, *bytes); !written)

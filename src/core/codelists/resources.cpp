@@ -12,13 +12,8 @@ namespace parlex {
 namespace {
 
 const std::map<std::uint32_t, std::string>& strings() {
-    static const std::map<std::uint32_t, std::string> table = [] {
-        auto t = codeTable(embedded::file("strings.txt"));
-        // The head of phrase 10 is followed by an empty line in a decompiled
-        // dialogue; a line-based data file cannot hold that line break.
-        t[20] += "\r\n";
-        return t;
-    }();
+    static const std::map<std::uint32_t, std::string> table =
+        codeTable(embedded::file("strings.txt"));
     return table;
 }
 

@@ -9,7 +9,7 @@
 namespace parlex {
 
 // String `number` of the table: 0 and 1 are the code strings of the action and
-// reaction lists, 10-20 the heads of phrases 0-10 of a dialogue (20 ends in CR LF).
+// reaction lists.
 std::optional<std::string> resourceString(int number);
 
 // The codes of resource string 0 or 1 ("0\1\4\...\"), in their order.

@@ -65,6 +65,8 @@ enum class Say {
     PhraseOne,
     PhraseFew,
     PhraseMany,
+    FieldRefused,
+    ValueTooLarge,
 };
 
 inline constexpr auto kTexts = textTable<Say>({
@@ -195,6 +197,12 @@ inline constexpr auto kTexts = textTable<Say>({
     {Say::PhraseOne, {" фразу ", " phrase "}},
     {Say::PhraseFew, {" фразы ", " phrases "}},
     {Say::PhraseMany, {" фраз ", " phrases "}},
+    {Say::FieldRefused,
+     {"Поле {1} нельзя изменить: допустимы поля {2}.",
+      "The field {1} cannot be changed: the fields that can are {2}."}},
+    {Say::ValueTooLarge,
+     {"Значение {1} не помещается в поле: допустимо от 0 до {2}.",
+      "The value {1} does not fit the field: it must be from 0 to {2}."}},
 });
 
 } // namespace parlex::explaintexts

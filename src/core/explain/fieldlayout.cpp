@@ -1,5 +1,7 @@
 #include "core/explain/fieldlayout.h"
 
+#include "core/explain/explaintexts.h"
+
 #include "core/text/hex.h"
 #include "core/text/numbers.h"
 
@@ -104,7 +106,7 @@ std::optional<FieldWidth> editableFieldWidth(int fieldIndex) {
     return std::nullopt;
 }
 
-std::string fieldRefusal(std::string_view given) {
+std::string fieldRefusal(std::string_view given, Language language) {
     std::string places;
     int runStart = -1;
     // Lists the editable places, running single bytes together: "8-19".
@@ -125,18 +127,19 @@ std::string fieldRefusal(std::string_view given) {
             places += "-" + std::to_string(e.index);
         runStart = -1;
     }
-    return "Поле " + std::string(given) + " нельзя изменить: допустимы поля " + places + ".";
+    return fill(explaintexts::kTexts(explaintexts::Say::FieldRefused, language), {given, places});
 }
 
 Result<void> setFieldValue(NpcRecord& record, int fieldIndex, std::uint32_t value) {
     const auto width = editableFieldWidth(fieldIndex);
     if (!width)
-        return fail(ErrorKind::Invalid, fieldRefusal(std::to_string(fieldIndex)));
+        return fail(ErrorKind::Invalid, inEach([&](Language l) {
+                        return fieldRefusal(std::to_string(fieldIndex), l);
+                    }));
     const std::uint32_t limit = widthMaximum(*width);
     if (value > limit)
-        return fail(ErrorKind::Invalid, "Значение " + std::to_string(value) +
-                                            " не помещается в поле: допустимо от 0 до " +
-                                            std::to_string(limit) + ".");
+        return fail(ErrorKind::Invalid, say(explaintexts::kTexts[explaintexts::Say::ValueTooLarge],
+                                            {std::to_string(value), std::to_string(limit)}));
     record[fieldIndex] = static_cast<std::uint8_t>(value & 0xFF);
     if (*width == FieldWidth::Word)
         record[fieldIndex + 1] = static_cast<std::uint8_t>(value >> 8);

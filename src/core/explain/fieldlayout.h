@@ -3,6 +3,7 @@
 #include "core/codelists/listkey.h"
 #include "core/common/error.h"
 #include "core/npc/npcrecord.h"
+#include "core/text/language.h"
 
 #include <array>
 #include <cstdint>
@@ -174,6 +175,6 @@ Result<void> setFieldValue(NpcRecord& record, int fieldIndex, std::uint32_t valu
 
 // "Поле <given> нельзя изменить: допустимы поля ...": the refusal of a place that
 // takes no number, as the user named it.
-std::string fieldRefusal(std::string_view given);
+std::string fieldRefusal(std::string_view given, Language language = Language::Russian);
 
 } // namespace parlex

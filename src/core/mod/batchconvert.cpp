@@ -1,5 +1,6 @@
 #include "core/mod/batchconvert.h"
 
+#include "core/mod/modtexts.h"
 #include "core/npc/npcformat.h"
 #include "core/platform/files.h"
 
@@ -7,10 +8,12 @@
 
 namespace parlex::mod {
 namespace fs = std::filesystem;
+using modtexts::kTexts;
+using modtexts::Say;
 
 std::vector<ConvertOutcome> convertScripts(std::span<const fs::path> scripts, NpcFileType to,
                                            const std::optional<fs::path>& outDir,
-                                           bool replaceExisting) {
+                                           bool replaceExisting, Language language) {
     using Status = ConvertOutcome::Status;
     std::vector<ConvertOutcome> outcomes;
     std::set<fs::path> written;
@@ -22,12 +25,12 @@ std::vector<ConvertOutcome> convertScripts(std::span<const fs::path> scripts, Np
         const fs::path target = outDir ? *outDir / source.filename() : source;
         const auto bytes = npcformat::readScript(source);
         if (!bytes) {
-            outcomes.push_back({source, target, Status::Failed, bytes.error().message});
+            outcomes.push_back({source, target, Status::Failed, bytes.error().text(language)});
             continue;
         }
         if (npcformat::detectType(*bytes) == to) {
             outcomes.push_back({source, target, Status::Skipped,
-                                "уже в формате \"" + std::string(typeTag(to)) + "\""});
+                                fill(kTexts(Say::AlreadyInLayout, language), {typeTag(to)})});
             continue;
         }
         std::error_code ec;
@@ -35,13 +38,14 @@ std::vector<ConvertOutcome> convertScripts(std::span<const fs::path> scripts, Np
         if (!written.insert(ec ? target : canonical).second) {
             outcomes.push_back(
                 {source, target, Status::Skipped,
-                 "файл " + platform::utf8(target) + " уже записан из другого скрипта"});
+                 fill(kTexts(Say::WrittenFromAnother, language), {platform::utf8(target)})});
             continue;
         }
         if (outDir && !replaceExisting && platform::fileExists(target) &&
             !platform::samePath(source, target)) {
-            outcomes.push_back({source, target, Status::Exists,
-                                "файл " + platform::utf8(target) + " уже существует"});
+            outcomes.push_back(
+                {source, target, Status::Exists,
+                 fill(kTexts(Say::TargetExists, language), {platform::utf8(target)})});
             continue;
         }
         const auto converted = npcformat::convertLayout(*bytes, to);
@@ -52,9 +56,9 @@ std::vector<ConvertOutcome> convertScripts(std::span<const fs::path> scripts, Np
                                 target,
                                 Status::Converted,
                                 {},
-                                npcformat::conversionLoss(*bytes, to).value_or("")});
+                                npcformat::conversionLoss(*bytes, to, language).value_or("")});
         else
-            outcomes.push_back({source, target, Status::Failed, saved.error().message});
+            outcomes.push_back({source, target, Status::Failed, saved.error().text(language)});
     }
     return outcomes;
 }

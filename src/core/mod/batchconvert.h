@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/npc/npcfiletype.h"
+#include "core/text/language.h"
 
 #include <filesystem>
 #include <optional>
@@ -29,6 +30,7 @@ struct ConvertOutcome {
 std::vector<ConvertOutcome> convertScripts(std::span<const std::filesystem::path> scripts,
                                            NpcFileType to,
                                            const std::optional<std::filesystem::path>& outDir,
-                                           bool replaceExisting = false);
+                                           bool replaceExisting = false,
+                                           Language language = Language::Russian);
 
 } // namespace parlex::mod

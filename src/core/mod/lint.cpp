@@ -3,6 +3,7 @@
 #include "core/codelists/codelists.h"
 #include "core/explain/explainer.h"
 #include "core/explain/fieldlayout.h"
+#include "core/mod/modtexts.h"
 #include "core/mod/scripts.h"
 #include "core/npc/npcfile.h"
 #include "core/platform/files.h"
@@ -13,6 +14,8 @@
 
 namespace parlex::mod {
 namespace fs = std::filesystem;
+using modtexts::kTexts;
+using modtexts::Say;
 
 namespace {
 
@@ -25,7 +28,7 @@ struct Speech {
     int phrasesOnDisk = 0;
 };
 
-Speech readSpeech(const fs::path& script, const CompanionIndex& companions,
+Speech readSpeech(const fs::path& script, const CompanionIndex& companions, Language language,
                   std::vector<Finding>& findings) {
     Speech speech;
     const auto path = companions.find(script);
@@ -34,8 +37,8 @@ Speech readSpeech(const fs::path& script, const CompanionIndex& companions,
     auto file = EdtFile::load(*path, EdtKind::NpcDialogues);
     if (!file) {
         findings.push_back({script, std::nullopt, std::nullopt, Severity::Warning,
-                            "речевой файл " + platform::utf8(path->filename()) +
-                                " не прочитан: " + file.error().message});
+                            fill(kTexts(Say::SpeechUnreadable, language),
+                                 {platform::utf8(path->filename()), file.error().text(language)})});
         return speech;
     }
     const auto size = platform::fileSize(*path);
@@ -45,7 +48,7 @@ Speech readSpeech(const fs::path& script, const CompanionIndex& companions,
 }
 
 void lintPhrases(const fs::path& script, int position, const NpcRecord& record,
-                 const SpeechSource& speech, std::vector<Finding>& findings) {
+                 const SpeechSource& speech, Language language, std::vector<Finding>& findings) {
     const auto spoken = spokenPhrases(record);
     if (!speech.file || !spoken)
         return;
@@ -59,25 +62,26 @@ void lintPhrases(const fs::path& script, int position, const NpcRecord& record,
     const std::string name = speech.file->title();
     if (!missing.empty())
         findings.push_back({script, position, fields::PhraseFirst, Severity::Warning,
-                            "фразы " + numberRanges(missing) + " нет в файле " + name +
-                                " (в нём фраз: " + std::to_string(speech.phrases) + ")"});
+                            fill(kTexts(Say::PhrasesMissing, language),
+                                 {numberRanges(missing), name, std::to_string(speech.phrases)})});
     if (!empty.empty())
-        findings.push_back({script, position, fields::PhraseFirst, Severity::Warning,
-                            (empty.size() == 1 ? "фраза " : "фразы ") + numberRanges(empty) +
-                                " в файле " + name + (empty.size() == 1 ? " пустая" : " пустые")});
+        findings.push_back(
+            {script, position, fields::PhraseFirst, Severity::Warning,
+             fill(kTexts(empty.size() == 1 ? Say::PhraseEmpty : Say::PhrasesEmpty, language),
+                  {numberRanges(empty), name})});
 }
 
 void lintBytes(const fs::path& path, const npcformat::FileBytes& bytes, const CodeLists& lists,
-               const CompanionIndex& companions, std::vector<Finding>& findings) {
+               const CompanionIndex& companions, Language language,
+               std::vector<Finding>& findings) {
     const NpcFile script = NpcFile::fromBytes(bytes, path);
     if (script.type() == NpcFileType::Ja &&
         std::any_of(bytes.begin() + kJaTail, bytes.end(), [](std::uint8_t b) { return b != 0; }))
         findings.push_back({path, std::nullopt, std::nullopt, Severity::Warning,
-                            "хвост файла \"ja\" (байты 1573-1600) не нулевой: сохранение "
-                            "запишет туда нули"});
-    const Speech speech = readSpeech(path, companions, findings);
+                            std::string(kTexts(Say::JaTail, language))});
+    const Speech speech = readSpeech(path, companions, language, findings);
     const SpeechSource source{speech.file ? &*speech.file : nullptr, speech.phrasesOnDisk};
-    const ExplainContext context{script.type(), &lists, false, 0};
+    const ExplainContext context{script.type(), &lists, false, 0, language};
     for (std::size_t i = 0; i < script.recordCount(); ++i) {
         const NpcRecord& record = script.record(i);
         if (!isEmptyRecord(record))
@@ -103,7 +107,7 @@ void lintRecord(const fs::path& script, int position, const NpcRecord& record,
             findings.push_back({script, position, field.index, Severity::Warning,
                                 std::string(field.name) + ": " + e.text + e.remark});
     }
-    lintPhrases(script, position, record, speech, findings);
+    lintPhrases(script, position, record, speech, context.language, findings);
 }
 
 std::string numberRanges(const std::vector<int>& numbers) {
@@ -120,16 +124,20 @@ std::string numberRanges(const std::vector<int>& numbers) {
     return out;
 }
 
-std::vector<Finding> lintScript(const fs::path& path, const CodeLists& lists) {
-    return lintScripts(std::span(&path, 1), lists);
+std::vector<Finding> lintScript(const fs::path& path, const CodeLists& lists, Language language) {
+    return lintScripts(std::span(&path, 1), lists, language);
 }
 
-std::vector<Finding> lintScripts(std::span<const fs::path> scripts, const CodeLists& lists) {
+std::vector<Finding> lintScripts(std::span<const fs::path> scripts, const CodeLists& lists,
+                                 Language language) {
     const CompanionIndex companions(scripts);
     return checkScripts(
         scripts, lists,
         [&](const fs::path& path, const npcformat::FileBytes& bytes, const CodeLists& own,
-            std::vector<Finding>& findings) { lintBytes(path, bytes, own, companions, findings); });
+            std::vector<Finding>& findings) {
+            lintBytes(path, bytes, own, companions, language, findings);
+        },
+        language);
 }
 
 } // namespace parlex::mod

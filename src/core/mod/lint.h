@@ -2,6 +2,7 @@
 
 #include "core/explain/explainer.h"
 #include "core/mod/findings.h"
+#include "core/text/language.h"
 
 #include <span>
 
@@ -31,11 +32,12 @@ void lintRecord(const std::filesystem::path& script, int position, const NpcReco
 // - a warning for phrases of a record that its speech file (053.npc -> 053.EDT, any
 //   case, beside it) lacks or holds empty;
 // - a warning for a "ja" script whose tail holds bytes a save would set to zero.
-std::vector<Finding> lintScript(const std::filesystem::path& path, const CodeLists& lists);
+std::vector<Finding> lintScript(const std::filesystem::path& path, const CodeLists& lists,
+                                Language language = Language::Russian);
 
 // Every script, spread over the cores, in file, record and field order.
 std::vector<Finding> lintScripts(std::span<const std::filesystem::path> scripts,
-                                 const CodeLists& lists);
+                                 const CodeLists& lists, Language language = Language::Russian);
 
 // "12, 14-16": numbers in ascending order with runs joined.
 std::string numberRanges(const std::vector<int>& numbers);

@@ -1,5 +1,6 @@
 #include "core/mod/overview.h"
 
+#include "core/mod/modtexts.h"
 #include "core/npc/npcfile.h"
 #include "core/speech/edtfile.h"
 #include "core/text/json.h"
@@ -9,6 +10,9 @@
 
 namespace parlex::mod {
 namespace {
+
+using modtexts::kTexts;
+using modtexts::Say;
 
 // The fields that say when a record fires, and those that say what it does, in the
 // order a sentence about them reads best. The approach (ActionCode) is always said:
@@ -41,13 +45,14 @@ std::string sentences(const NpcRecord& record, std::span<const int> fieldsSaid,
     return out;
 }
 
-std::string phraseNumbers(const PhraseRange& spoken) {
+std::string phraseNumbers(const PhraseRange& spoken, Language language) {
+    const std::string first = std::to_string(spoken.first);
     if (spoken.count < 1)
-        return "0 фраз (с " + std::to_string(spoken.first) + ")";
+        return fill(kTexts(Say::NoPhrasesFrom, language), {first});
     if (spoken.count == 1)
-        return "фраза " + std::to_string(spoken.first);
-    return "фразы " + std::to_string(spoken.first) + "-" +
-           std::to_string(spoken.first + spoken.count - 1);
+        return fill(kTexts(Say::OnePhrase, language), {first});
+    return fill(kTexts(Say::PhraseRange, language),
+                {first, std::to_string(spoken.first + spoken.count - 1)});
 }
 
 void appendCell(std::string& line, const std::string& cell) {
@@ -104,7 +109,7 @@ std::string numbersJson(const std::vector<int>& numbers) {
 } // namespace
 
 std::optional<RecordRow> recordRow(const NpcFile& script, int position, const SpeechSource& speech,
-                                   const CodeLists& lists) {
+                                   const CodeLists& lists, Language language) {
     const NpcRecord* record = script.recordAt(position);
     if (!record)
         return std::nullopt;
@@ -113,12 +118,12 @@ std::optional<RecordRow> recordRow(const NpcFile& script, int position, const Sp
     row.empty = isEmptyRecord(*record);
     if (row.empty)
         return row;
-    const ExplainContext context{script.type(), &lists, false, 0};
+    const ExplainContext context{script.type(), &lists, false, 0, language};
     row.when = sentences(*record, kWhen, context, true);
     row.does = sentences(*record, kDoes, context, false);
     row.spoken = spokenPhrases(*record);
     if (row.spoken) {
-        row.says = phraseNumbers(*row.spoken);
+        row.says = phraseNumbers(*row.spoken, language);
         if (speech.file && row.spoken->first < speech.phrases) {
             const std::string first = speech.file->phrase(row.spoken->first);
             if (!first.empty())
@@ -130,10 +135,10 @@ std::optional<RecordRow> recordRow(const NpcFile& script, int position, const Sp
 }
 
 std::vector<RecordRow> recordRows(const NpcFile& script, const SpeechSource& speech,
-                                  const CodeLists& lists, bool withEmpty) {
+                                  const CodeLists& lists, bool withEmpty, Language language) {
     std::vector<RecordRow> rows;
     for (int position = 1; position <= static_cast<int>(script.recordCount()); ++position)
-        if (auto row = recordRow(script, position, speech, lists);
+        if (auto row = recordRow(script, position, speech, lists, language);
             row && (withEmpty || !row->empty))
             rows.push_back(std::move(*row));
     return rows;
@@ -164,13 +169,15 @@ std::vector<PhraseRow> phraseRows(const NpcFile& script, const SpeechSource& spe
 }
 
 std::string overviewText(const std::vector<RecordRow>& records,
-                         const std::vector<PhraseRow>& phrases) {
-    std::string out = "Запись\tКогда\tЧто делает\tГоворит\tЗамечаний\tЗамечания\n";
+                         const std::vector<PhraseRow>& phrases, Language language) {
+    const std::string emptyRecord(kTexts(Say::EmptyRecord, language));
+    const std::string notInFile(kTexts(Say::NotInFile, language));
+    std::string out = std::string(kTexts(Say::RecordHeadings, language)) + "\n";
     for (const RecordRow& r : records) {
         std::string line = std::to_string(r.position);
         for (const std::string* cell : {&r.when, &r.does, &r.says}) {
             line += '\t';
-            appendCell(line, r.empty ? std::string("(пустая)") : *cell);
+            appendCell(line, r.empty ? emptyRecord : *cell);
             if (r.empty)
                 break;
         }
@@ -182,10 +189,10 @@ std::string overviewText(const std::vector<RecordRow>& records,
     }
     if (phrases.empty())
         return out;
-    out += "\nФраза\tТекст\tДлина\tГоворят записи\n";
+    out += "\n" + std::string(kTexts(Say::PhraseHeadings, language)) + "\n";
     for (const PhraseRow& p : phrases) {
         std::string line = std::to_string(p.number) + '\t';
-        appendCell(line, p.present ? p.text : std::string("(нет в файле)"));
+        appendCell(line, p.present ? p.text : notInFile);
         line += '\t' + std::to_string(p.length) + "/" + std::to_string(p.limit) + '\t';
         std::string by;
         for (const int position : p.spokenBy)
@@ -229,8 +236,10 @@ std::string overviewJson(const std::vector<RecordRow>& records,
 }
 
 std::string overviewHtml(const std::string& title, const std::vector<RecordRow>& records,
-                         const std::vector<PhraseRow>& phrases) {
-    std::string out = "<!DOCTYPE html>\n<html lang=\"ru\">\n<head>\n<meta charset=\"utf-8\">\n"
+                         const std::vector<PhraseRow>& phrases, Language language) {
+    const auto t = [language](Say key) { return std::string(kTexts(key, language)); };
+    std::string out = "<!DOCTYPE html>\n<html lang=\"" + t(Say::HtmlLanguage) +
+                      "\">\n<head>\n<meta charset=\"utf-8\">\n"
                       "<title>" +
                       html(title) +
                       "</title>\n<style>\n"
@@ -239,26 +248,30 @@ std::string overviewHtml(const std::string& title, const std::vector<RecordRow>&
                       ".error { color: #c00000; } .remark { font-weight: bold; }\n"
                       ".unspoken { color: #808080; }\n</style>\n</head>\n<body>\n<h1>" +
                       html(title) + "</h1>\n<table>\n" +
-                      cells({"Запись", "Когда", "Что делает", "Говорит", "Замечания"}, "th");
+                      cells({t(Say::HeadRecord), t(Say::HeadWhen), t(Say::HeadDoes),
+                             t(Say::HeadSays), t(Say::HeadRemarks)},
+                            "th");
     for (const RecordRow& r : records) {
         std::string findings;
         for (const Finding& f : r.findings)
             findings += std::string("<div class=\"") +
                         (f.severity == Severity::Error ? "error" : "remark") + "\">" +
                         html(f.message) + "</div>";
-        out += cells({std::to_string(r.position), html(r.empty ? "(пустая)" : r.when), html(r.does),
-                      html(r.says), findings});
+        out += cells({std::to_string(r.position), html(r.empty ? t(Say::EmptyRecord) : r.when),
+                      html(r.does), html(r.says), findings});
     }
     out += "</table>\n";
     if (!phrases.empty()) {
-        out += "<table>\n" + cells({"Фраза", "Текст", "Длина", "Говорят записи"}, "th");
+        out += "<table>\n" + cells({t(Say::HeadPhrase), t(Say::HeadText), t(Say::HeadLength),
+                                    t(Say::HeadSpokenBy)},
+                                   "th");
         for (const PhraseRow& p : phrases) {
             std::string by;
             for (const int position : p.spokenBy)
                 by += (by.empty() ? "" : ", ") + std::to_string(position);
             const char* mark = p.spokenBy.empty() ? "unspoken" : p.text.empty() ? "error" : "";
             std::string row = cells(
-                {std::to_string(p.number), html(p.present ? p.text : "(нет в файле)"),
+                {std::to_string(p.number), html(p.present ? p.text : t(Say::NotInFile)),
                  std::to_string(p.length) + "/" + std::to_string(p.limit), by.empty() ? "-" : by});
             if (*mark)
                 row.insert(3, std::string(" class=\"") + mark + "\"");

@@ -5,6 +5,7 @@
 // these rows, so that the two say the same.
 #include "core/explain/fieldlayout.h"
 #include "core/mod/lint.h"
+#include "core/text/language.h"
 
 #include <optional>
 #include <string>
@@ -39,10 +40,11 @@ struct PhraseRow {
 
 // The row of the record at `position` (1-50); nothing where the layout has no record.
 std::optional<RecordRow> recordRow(const NpcFile& script, int position, const SpeechSource& speech,
-                                   const CodeLists& lists);
+                                   const CodeLists& lists, Language language = Language::Russian);
 // Every record's row, or only those of records that are not empty.
 std::vector<RecordRow> recordRows(const NpcFile& script, const SpeechSource& speech,
-                                  const CodeLists& lists, bool withEmpty);
+                                  const CodeLists& lists, bool withEmpty,
+                                  Language language = Language::Russian);
 // A row for every phrase of the speech file, or only for the filled ones and those a
 // record speaks; none without a speech file.
 std::vector<PhraseRow> phraseRows(const NpcFile& script, const SpeechSource& speech,
@@ -51,12 +53,14 @@ std::vector<PhraseRow> phraseRows(const NpcFile& script, const SpeechSource& spe
 // Both tables as tab-separated text under a heading line each (a spreadsheet takes it
 // as it is), and as one JSON object {"records":[...],"phrases":[...]}.
 std::string overviewText(const std::vector<RecordRow>& records,
-                         const std::vector<PhraseRow>& phrases);
+                         const std::vector<PhraseRow>& phrases,
+                         Language language = Language::Russian);
 std::string overviewJson(const std::vector<RecordRow>& records,
                          const std::vector<PhraseRow>& phrases);
 // Both tables as a UTF-8 HTML page headed `title`, for a mod's documentation: errors
 // dark red, remarks bold, phrases nobody speaks grey.
 std::string overviewHtml(const std::string& title, const std::vector<RecordRow>& records,
-                         const std::vector<PhraseRow>& phrases);
+                         const std::vector<PhraseRow>& phrases,
+                         Language language = Language::Russian);
 
 } // namespace parlex::mod

@@ -8,16 +8,16 @@
 namespace parlex::mod {
 
 Result<std::vector<FieldChange>> diffScripts(const std::filesystem::path& a,
-                                             const std::filesystem::path& b,
-                                             const CodeLists& lists) {
+                                             const std::filesystem::path& b, const CodeLists& lists,
+                                             Language language) {
     auto left = NpcFile::load(a);
     if (!left)
         return std::unexpected(left.error());
     auto right = NpcFile::load(b);
     if (!right)
         return std::unexpected(right.error());
-    const ExplainContext leftContext{left->type(), &lists, false, 0};
-    const ExplainContext rightContext{right->type(), &lists, false, 0};
+    const ExplainContext leftContext{left->type(), &lists, false, 0, language};
+    const ExplainContext rightContext{right->type(), &lists, false, 0, language};
     constexpr NpcRecord kEmpty{};
     std::vector<FieldChange> changes;
     for (int position = 1; position <= kPositions; ++position) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/common/error.h"
+#include "core/text/language.h"
 
 namespace parlex {
 class CodeLists;
@@ -22,7 +23,8 @@ struct FieldChange {
 
 // The fields that differ, record by record by position (the layouts may differ: a
 // "ja" script has no record 50, which counts as an empty one).
-Result<std::vector<FieldChange>>
-diffScripts(const std::filesystem::path& a, const std::filesystem::path& b, const CodeLists& lists);
+Result<std::vector<FieldChange>> diffScripts(const std::filesystem::path& a,
+                                             const std::filesystem::path& b, const CodeLists& lists,
+                                             Language language = Language::Russian);
 
 } // namespace parlex::mod

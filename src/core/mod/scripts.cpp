@@ -62,7 +62,7 @@ void forEachParallel(std::size_t count, const std::function<Worker()>& makeWorke
 }
 
 std::vector<Finding> checkScripts(std::span<const fs::path> scripts, const CodeLists& lists,
-                                  const ScriptCheck& check) {
+                                  const ScriptCheck& check, Language language) {
     std::vector<std::vector<Finding>> perScript(scripts.size());
     forEachParallel(scripts.size(), [&] {
         auto own = std::make_shared<CodeLists>(lists.folder(), false);
@@ -72,7 +72,7 @@ std::vector<Finding> checkScripts(std::span<const fs::path> scripts, const CodeL
                 check(scripts[i], *bytes, *own, perScript[i]);
             else
                 perScript[i].push_back({scripts[i], std::nullopt, std::nullopt, Severity::Error,
-                                        bytes.error().message});
+                                        bytes.error().text(language)});
             sortFindings(perScript[i]);
         };
     });

@@ -2,6 +2,7 @@
 
 #include "core/mod/findings.h"
 #include "core/npc/npcformat.h"
+#include "core/text/language.h"
 
 #include <filesystem>
 #include <functional>
@@ -34,6 +35,7 @@ void forEachParallel(std::size_t count, const std::function<Worker()>& makeWorke
 using ScriptCheck = std::function<void(const std::filesystem::path&, const npcformat::FileBytes&,
                                        const CodeLists&, std::vector<Finding>&)>;
 std::vector<Finding> checkScripts(std::span<const std::filesystem::path> scripts,
-                                  const CodeLists& lists, const ScriptCheck& check);
+                                  const CodeLists& lists, const ScriptCheck& check,
+                                  Language language = Language::Russian);
 
 } // namespace parlex::mod

@@ -18,17 +18,18 @@ using Test = std::function<void(const fs::path&, int position, const NpcRecord&,
 
 // Runs `test` over every non-empty record of every script.
 std::vector<Finding> search(std::span<const fs::path> scripts, const CodeLists& lists,
-                            const Test& test) {
-    return checkScripts(scripts, lists,
-                        [&](const fs::path& path, const npcformat::FileBytes& bytes,
-                            const CodeLists& own, std::vector<Finding>& found) {
-                            const NpcFile script = NpcFile::fromBytes(bytes, path);
-                            const ExplainContext context{script.type(), &own, false, 0};
-                            for (std::size_t r = 0; r < script.recordCount(); ++r)
-                                if (!isEmptyRecord(script.record(r)))
-                                    test(path, static_cast<int>(r) + 1, script.record(r), context,
-                                         found);
-                        });
+                            Language language, const Test& test) {
+    return checkScripts(
+        scripts, lists,
+        [&](const fs::path& path, const npcformat::FileBytes& bytes, const CodeLists& own,
+            std::vector<Finding>& found) {
+            const NpcFile script = NpcFile::fromBytes(bytes, path);
+            const ExplainContext context{script.type(), &own, false, 0, language};
+            for (std::size_t r = 0; r < script.recordCount(); ++r)
+                if (!isEmptyRecord(script.record(r)))
+                    test(path, static_cast<int>(r) + 1, script.record(r), context, found);
+        },
+        language);
 }
 
 Finding match(const fs::path& file, int position, const NpcRecord& record, const FieldInfo& field,
@@ -41,8 +42,8 @@ Finding match(const fs::path& file, int position, const NpcRecord& record, const
 } // namespace
 
 std::vector<Finding> findCode(std::span<const fs::path> scripts, ListKey key, std::uint32_t code,
-                              const CodeLists& lists) {
-    return search(scripts, lists,
+                              const CodeLists& lists, Language language) {
+    return search(scripts, lists, language,
                   [&](const fs::path& file, int position, const NpcRecord& record,
                       const ExplainContext& context, std::vector<Finding>& found) {
                       for (const FieldInfo& field : fieldTable())
@@ -52,8 +53,8 @@ std::vector<Finding> findCode(std::span<const fs::path> scripts, ListKey key, st
 }
 
 std::vector<Finding> findPhrase(std::span<const fs::path> scripts, int phrase,
-                                const CodeLists& lists) {
-    return search(scripts, lists,
+                                const CodeLists& lists, Language language) {
+    return search(scripts, lists, language,
                   [&](const fs::path& file, int position, const NpcRecord& record,
                       const ExplainContext& context, std::vector<Finding>& found) {
                       if (const auto spoken = spokenPhrases(record);

@@ -58,9 +58,9 @@ std::optional<int> NpcFile::lastNonEmptyPosition() const {
     return static_cast<int>(records_.rend() - it);
 }
 
-std::string NpcFile::positionRefusal(std::string_view given) const {
-    return "Записи " + std::string(given) + " в файле нет: записи с 1 по " +
-           std::to_string(records_.size()) + ".";
+std::string NpcFile::positionRefusal(std::string_view given, Language language) const {
+    return fill(npctexts::kTexts(npctexts::Say::NoSuchRecord, language),
+                {given, std::to_string(records_.size())});
 }
 
 std::size_t NpcFile::nonEmptyCount() const {
@@ -99,8 +99,9 @@ Result<void> NpcFile::save() {
         break;
     }
     if (isNew_ || path_.empty())
-        return fail(ErrorKind::NotFound, "Файл ещё не сохранён: укажите имя файла.");
-    return fail(ErrorKind::NotFound, "Файл " + platform::utf8(path_) + " не найден.");
+        return fail(ErrorKind::NotFound, say(npctexts::kTexts[npctexts::Say::NotSavedYet]));
+    return fail(ErrorKind::NotFound,
+                say(npctexts::kTexts[npctexts::Say::NotFound], {platform::utf8(path_)}));
 }
 
 Result<void> NpcFile::saveAs(const std::filesystem::path& path) {

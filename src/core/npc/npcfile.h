@@ -52,10 +52,13 @@ public:
     std::string title() const { return platform::utf8(path_.filename()); }
 
     // "Записи <given> в файле нет: записи с 1 по <count>.": a position outside the file.
-    std::string positionRefusal(std::string_view given) const;
+    std::string positionRefusal(std::string_view given,
+                                Language language = Language::Russian) const;
 
     std::size_t nonEmptyCount() const;
-    std::string summary() const { return layoutSummary(type_, nonEmptyCount()); }
+    std::string summary(Language language = Language::Russian) const {
+        return layoutSummary(type_, nonEmptyCount(), language);
+    }
 
     // The 1600 bytes a save writes. The layout follows the number of records: 49
     // records get the "ja" mark in front and a zero tail behind.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/npc/npctexts.h"
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -22,8 +23,9 @@ constexpr std::string_view typeTag(NpcFileType t) {
 }
 
 // The name of the layout as the user reads it.
-constexpr std::string_view typeText(NpcFileType t) {
-    return t == NpcFileType::Ub ? "JA2-англ. JA2UB-любая версия" : "Агония Власти";
+constexpr std::string_view typeText(NpcFileType t, Language language = Language::Russian) {
+    return npctexts::kTexts(t == NpcFileType::Ub ? npctexts::Say::UbName : npctexts::Say::JaName,
+                            language);
 }
 
 constexpr std::size_t recordCount(NpcFileType t) {
@@ -36,9 +38,10 @@ constexpr NpcFileType otherType(NpcFileType t) {
 
 // "Тип файла:\n<layout>\nЗаписей: <n>": what the window's "Текущий" box and
 // `parlex-cli info` say about a script.
-inline std::string layoutSummary(NpcFileType t, std::size_t nonEmptyRecords) {
-    return "Тип файла:\n" + std::string(typeText(t)) +
-           "\nЗаписей: " + std::to_string(nonEmptyRecords);
+inline std::string layoutSummary(NpcFileType t, std::size_t nonEmptyRecords,
+                                 Language language = Language::Russian) {
+    return fill(npctexts::kTexts(npctexts::Say::Summary, language),
+                {typeText(t, language), std::to_string(nonEmptyRecords)});
 }
 
 } // namespace parlex

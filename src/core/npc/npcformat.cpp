@@ -12,10 +12,21 @@ NpcFileType detectType(std::span<const std::uint8_t> bytes) {
     return NpcFileType::Ub;
 }
 
-std::string sizeRefusal(std::string_view pathText, std::uintmax_t size) {
-    return "Размер файла " + std::string(pathText) + "\n" +
-           (size < kFileSize ? "меньше" : "больше") + " чем " + std::to_string(kFileSize) + " байт";
+using npctexts::kTexts;
+using npctexts::Say;
+
+std::string sizeRefusal(std::string_view pathText, std::uintmax_t size, Language language) {
+    return fill(kTexts(size < kFileSize ? Say::SizeSmaller : Say::SizeLarger, language),
+                {pathText, std::to_string(kFileSize)});
 }
+
+namespace {
+
+Said sizeRefusalInEach(const std::filesystem::path& path, std::uintmax_t size) {
+    return inEach([&](Language l) { return sizeRefusal(platform::utf8(path), size, l); });
+}
+
+} // namespace
 
 Result<FileBytes> readScript(const std::filesystem::path& path) {
     auto size = platform::fileSize(path);
@@ -23,12 +34,12 @@ Result<FileBytes> readScript(const std::filesystem::path& path) {
         return std::unexpected(size.error());
     if (*size != kFileSize)
         return fail(*size < kFileSize ? ErrorKind::TooSmall : ErrorKind::TooLarge,
-                    sizeRefusal(platform::utf8(path), *size));
+                    sizeRefusalInEach(path, *size));
     auto data = platform::readFile(path);
     if (!data)
         return std::unexpected(data.error());
     if (data->size() != kFileSize) // the file changed between the two looks
-        return fail(ErrorKind::Read, sizeRefusal(platform::utf8(path), data->size()));
+        return fail(ErrorKind::Read, sizeRefusalInEach(path, data->size()));
     FileBytes bytes;
     std::copy(data->begin(), data->end(), bytes.begin());
     return bytes;
@@ -36,9 +47,9 @@ Result<FileBytes> readScript(const std::filesystem::path& path) {
 
 Result<void> checkConversion(NpcFileType from, NpcFileType to) {
     if (from == to)
-        return fail(ErrorKind::Invalid, std::string("Файл уже имеет тип \"") +
-                                            std::string(typeText(to)) +
-                                            "\".\nПреобразовывать нечего: выберите другой тип.");
+        return fail(ErrorKind::Invalid, say(kTexts[Say::AlreadyType],
+                                            {Said(std::string(typeText(to)),
+                                                  std::string(typeText(to, Language::English)))}));
     return {};
 }
 
@@ -55,21 +66,21 @@ Result<FileBytes> convertLayout(const FileBytes& source, NpcFileType target) {
     return out;
 }
 
-std::optional<std::string> conversionLoss(const FileBytes& source, NpcFileType target) {
+std::optional<std::string> conversionLoss(const FileBytes& source, NpcFileType target,
+                                          Language language) {
     const NpcFileType from = detectType(source);
     // The layout is told by the first four bytes alone: a "ub" file that begins with
     // the mark is taken for "ja".
     if (from == NpcFileType::Ja && target == NpcFileType::Ub &&
         std::equal(kJaMark.begin(), kJaMark.end(), source.begin() + kJaHeaderSize))
-        return "Запись 1 начинается с байтов 39 00 35 00 - метки формата \"ja\": файл "
-               "в формате \"ub\" будет снова прочитан как \"ja\".";
+        return std::string(kTexts(Say::MarkInRecordOne, language));
     if (target != NpcFileType::Ja || from != NpcFileType::Ub)
         return std::nullopt;
     NpcRecord last{};
     std::copy_n(source.begin() + recordOffset(NpcFileType::Ub, 49), kRecordSize, last.begin());
     if (isEmptyRecord(last))
         return std::nullopt;
-    return "Запись 50 не пуста: в формате \"ja\" 49 записей, она не сохранится.";
+    return std::string(kTexts(Say::RecordFiftyLost, language));
 }
 
 Result<NpcFileType> convertFile(const std::filesystem::path& source,

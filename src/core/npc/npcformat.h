@@ -31,7 +31,8 @@ constexpr std::size_t recordOffset(NpcFileType type, std::size_t index) {
 
 // "Размер файла <path>\nменьше чем 1600 байт" (or "больше"): the refusal of a
 // file of any other size.
-std::string sizeRefusal(std::string_view pathText, std::uintmax_t size);
+std::string sizeRefusal(std::string_view pathText, std::uintmax_t size,
+                        Language language = Language::Russian);
 
 // Reads a script file, refusing any other size with the size message.
 Result<FileBytes> readScript(const std::filesystem::path& path);
@@ -45,7 +46,8 @@ Result<FileBytes> convertLayout(const FileBytes& source, NpcFileType target);
 // a record 50 that is not empty is named ("Запись 50 не пуста: в формате \"ja\" 49
 // записей, она не сохранится."); "ja" into "ub" whose record 1 begins with the "ja"
 // mark gives a file that reads as "ja" again. Nothing when nothing is lost.
-std::optional<std::string> conversionLoss(const FileBytes& source, NpcFileType target);
+std::optional<std::string> conversionLoss(const FileBytes& source, NpcFileType target,
+                                          Language language = Language::Russian);
 
 // Refuses a conversion from a layout into itself, which has nothing to do.
 Result<void> checkConversion(NpcFileType from, NpcFileType to);

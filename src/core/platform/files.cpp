@@ -1,14 +1,20 @@
 #include "core/platform/files.h"
 
+#include "core/platform/systemtexts.h"
+
 #include <algorithm>
 
 // What every platform shares; the rest lives in files_posix.cpp and files_windows.cpp.
 namespace parlex::platform {
 namespace {
 
-std::string errorText(const char* what, const fs::path& path, int errorNumber) {
-    return std::string("Ошибка во время ") + what + ". Error " + std::to_string(errorNumber) +
-           "\n" + errorDescription(errorNumber) + "\nФайл: " + utf8(path);
+using systemtexts::kTexts;
+using systemtexts::Say;
+
+std::string errorText(Say what, const fs::path& path, int errorNumber, Language language) {
+    return fill(kTexts(Say::FailureWhile, language),
+                {kTexts(what, language), std::to_string(errorNumber),
+                 errorDescription(errorNumber, language), utf8(path)});
 }
 
 // The innermost fault of this thread; tests nest them rarely, but may.
@@ -80,10 +86,10 @@ std::string mountPointOf(std::string_view mountinfo, const fs::path& path, unsig
 }
 
 Error readOnlyDriveError(const fs::path& path, bool hint) {
-    std::string message = "Диск " + driveRoot(path) + "\nтолько для чтения";
+    Said message = say(kTexts[Say::ReadOnlyDrive], {driveRoot(path)});
     if (hint)
-        message += "\nУкажите другой путь";
-    return Error{ErrorKind::ReadOnlyDrive, std::move(message)};
+        message += say(kTexts[Say::OtherPath]);
+    return Error::said(ErrorKind::ReadOnlyDrive, message);
 }
 
 bool fileExists(const fs::path& path) {
@@ -101,11 +107,22 @@ bool samePath(const fs::path& a, const fs::path& b) {
     return !ea && !eb && ca == cb;
 }
 
-std::string readErrorMessage(const fs::path& path, int errorNumber) {
-    return errorText("чтения файла", path, errorNumber);
+std::string readErrorMessage(const fs::path& path, int errorNumber, Language language) {
+    return errorText(Say::WhileReading, path, errorNumber, language);
 }
-std::string writeErrorMessage(const fs::path& path, int errorNumber) {
-    return errorText("сохранения файла", path, errorNumber);
+std::string writeErrorMessage(const fs::path& path, int errorNumber, Language language) {
+    return errorText(Say::WhileSaving, path, errorNumber, language);
+}
+
+Error readError(ErrorKind kind, const fs::path& path, int errorNumber) {
+    return Error::said(kind,
+                       inEach([&](Language l) { return readErrorMessage(path, errorNumber, l); }),
+                       {}, errorNumber);
+}
+Error writeError(const fs::path& path, int errorNumber) {
+    return Error::said(ErrorKind::Write,
+                       inEach([&](Language l) { return writeErrorMessage(path, errorNumber, l); }),
+                       {}, errorNumber);
 }
 
 Result<void> writeFileAtomic(const fs::path& path, std::string_view bytes) {
@@ -119,8 +136,8 @@ Result<std::vector<std::uint8_t>> readFileLimited(const fs::path& path, std::uin
         return std::unexpected(size.error());
     const auto tooLarge = [&](std::uintmax_t bytes) {
         return fail(ErrorKind::TooLarge,
-                    "Файл " + utf8(path) + " слишком велик: " + std::to_string(bytes) +
-                        " байт (можно не больше " + std::to_string(limit) + ").");
+                    say(kTexts[Say::TooLargeToRead],
+                        {utf8(path), std::to_string(bytes), std::to_string(limit)}));
     };
     if (*size > limit)
         return tooLarge(*size);

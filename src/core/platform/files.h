@@ -92,12 +92,17 @@ Result<void> writeFileAtomic(const fs::path& path, std::string_view bytes);
 
 // "Ошибка во время чтения файла. Error N\n<description>\nФайл: <path>" and its save
 // twin. The common causes are described in Russian, the rest in the system's words.
-std::string readErrorMessage(const fs::path& path, int errorNumber);
-std::string writeErrorMessage(const fs::path& path, int errorNumber);
+std::string readErrorMessage(const fs::path& path, int errorNumber,
+                             Language language = Language::Russian);
+std::string writeErrorMessage(const fs::path& path, int errorNumber,
+                              Language language = Language::Russian);
+// The failure to read or to write `path`, said in each language.
+Error readError(ErrorKind kind, const fs::path& path, int errorNumber);
+Error writeError(const fs::path& path, int errorNumber);
 
 // The system's description of an error number (errno, or GetLastError on Windows):
 // the common causes in Russian, the rest in the system's own words.
-std::string errorDescription(int errorNumber);
+std::string errorDescription(int errorNumber, Language language = Language::Russian);
 
 // The steps of a save at which a test can make the system fail.
 enum class SaveStep {

@@ -1,4 +1,5 @@
 #include "core/platform/files.h"
+#include "core/platform/systemtexts.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -84,29 +85,33 @@ std::string driveRoot(const fs::path& path) {
     return p.string();
 }
 
-std::string errorDescription(int errorNumber) {
+std::string errorDescription(int errorNumber, Language language) {
+    using systemtexts::Say;
+    const auto said = [language](Say key) {
+        return std::string(systemtexts::kTexts(key, language));
+    };
     switch (errorNumber) {
     case ENOENT:
-        return "Нет такого файла или папки";
+        return said(Say::NoSuchFile);
     case EACCES:
     case EPERM:
-        return "Нет прав доступа";
+        return said(Say::NoAccess);
     case ENOSPC:
-        return "На диске нет места";
+        return said(Say::DiskFull);
     case EROFS:
-        return "Файловая система только для чтения";
+        return said(Say::ReadOnlyFileSystem);
     case EISDIR:
-        return "На этом месте папка, а не файл";
+        return said(Say::IsFolder);
     case ENOTDIR:
-        return "Часть пути не является папкой";
+        return said(Say::NotFolder);
     case ENAMETOOLONG:
-        return "Слишком длинное имя файла";
+        return said(Say::NameTooLong);
     case EDQUOT:
-        return "Превышена дисковая квота";
+        return said(Say::QuotaExceeded);
     case EIO:
-        return "Ошибка ввода-вывода";
+        return said(Say::InputOutput);
     case EFBIG:
-        return "Файл больше разрешённого размера";
+        return said(Say::FileTooBig);
     default:
         return std::strerror(errorNumber);
     }
@@ -115,10 +120,8 @@ std::string errorDescription(int errorNumber) {
 namespace {
 
 std::unexpected<Error> readFailure(const fs::path& path, int errorNumber) {
-    return std::unexpected(Error{errorNumber == ENOENT ? ErrorKind::NotFound : ErrorKind::Read,
-                                 readErrorMessage(path, errorNumber),
-                                 {},
-                                 errorNumber});
+    return std::unexpected(readError(errorNumber == ENOENT ? ErrorKind::NotFound : ErrorKind::Read,
+                                     path, errorNumber));
 }
 
 } // namespace
@@ -179,8 +182,7 @@ constexpr std::size_t kTemporaryLength = kTemporaryPrefix.size() + 6;
 constexpr std::time_t kStrayAgeSeconds = 10;
 
 std::unexpected<Error> writeFailure(const fs::path& path, int errorNumber) {
-    return std::unexpected(
-        Error{ErrorKind::Write, writeErrorMessage(path, errorNumber), {}, errorNumber});
+    return std::unexpected(writeError(path, errorNumber));
 }
 
 // A file the size limit of the shell (`ulimit -f`) would otherwise kill the program

@@ -1,6 +1,7 @@
 // The Windows side of the platform: every name goes to the system as UTF-16
 // through std::filesystem::path and the W functions.
 #include "core/platform/files.h"
+#include "core/platform/systemtexts.h"
 
 #include <windows.h>
 
@@ -27,17 +28,12 @@ std::string systemText(DWORD code) {
 
 std::unexpected<Error> readFailure(const fs::path& path, DWORD code) {
     const bool missing = code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
-    return std::unexpected(Error{missing ? ErrorKind::NotFound : ErrorKind::Read,
-                                 readErrorMessage(path, static_cast<int>(code)),
-                                 {},
-                                 static_cast<int>(code)});
+    return std::unexpected(
+        readError(missing ? ErrorKind::NotFound : ErrorKind::Read, path, static_cast<int>(code)));
 }
 
 std::unexpected<Error> writeFailure(const fs::path& path, DWORD code) {
-    return std::unexpected(Error{ErrorKind::Write,
-                                 writeErrorMessage(path, static_cast<int>(code)),
-                                 {},
-                                 static_cast<int>(code)});
+    return std::unexpected(writeError(path, static_cast<int>(code)));
 }
 
 // "D:\" or "\\server\share\": the root GetDriveTypeW asks for.
@@ -50,32 +46,36 @@ fs::path rootOf(const fs::path& path) {
 
 } // namespace
 
-std::string errorDescription(int errorNumber) {
+std::string errorDescription(int errorNumber, Language language) {
+    using systemtexts::Say;
+    const auto said = [language](Say key) {
+        return std::string(systemtexts::kTexts(key, language));
+    };
     // ERROR_DISK_QUOTA_EXCEEDED, which not every set of Windows headers names.
     constexpr DWORD kDiskQuotaExceeded = 1295;
     switch (static_cast<DWORD>(errorNumber)) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
-        return "Нет такого файла или папки";
+        return said(Say::NoSuchFile);
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
-        return "Нет прав доступа";
+        return said(Say::NoAccess);
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
-        return "На диске нет места";
+        return said(Say::DiskFull);
     case ERROR_WRITE_PROTECT:
-        return "Файловая система только для чтения";
+        return said(Say::ReadOnlyFileSystem);
     case ERROR_DIRECTORY:
-        return "На этом месте папка, а не файл";
+        return said(Say::IsFolder);
     case ERROR_FILENAME_EXCED_RANGE:
     case ERROR_BUFFER_OVERFLOW:
-        return "Слишком длинное имя файла";
+        return said(Say::NameTooLong);
     case kDiskQuotaExceeded:
-        return "Превышена дисковая квота";
+        return said(Say::QuotaExceeded);
     case ERROR_IO_DEVICE:
     case ERROR_CRC:
-        return "Ошибка ввода-вывода";
+        return said(Say::InputOutput);
     default:
         return systemText(static_cast<DWORD>(errorNumber));
     }

@@ -3,6 +3,7 @@
 #include "core/codelists/resources.h"
 #include "core/platform/files.h"
 #include "core/speech/edtfile.h"
+#include "core/speech/speechtexts.h"
 #include "core/text/cp1251.h"
 #include "core/text/lines.h"
 #include "core/text/numbers.h"
@@ -13,20 +14,14 @@ namespace parlex {
 namespace {
 
 constexpr int kFixedRoles = 11; // phrases 0-10 have fixed roles in a dialogue
-constexpr int kHeadString = 10; // resource string of the head of phrase 0
+using speechtexts::kTexts;
+using speechtexts::Say;
 
 // How often the game lets a record of each of the phrases 0-9 fire.
-constexpr std::array<std::string_view, 10> kFiring = {
-    "Запись сработает: только один раз во всей игре!",
-    "Запись сработает: только один раз в день!",
-    "Запись сработает: только один раз в день!",
-    "Запись сработает: только один раз во всей игре!",
-    "Запись сработает: всегда!",
-    "Запись сработает: только один раз в день!",
-    "Запись сработает: только один раз в день!",
-    "Запись сработает: только один раз в день!",
-    "Запись сработает: только один раз в день!",
-    "Запись сработает: всегда!",
+constexpr std::array<Say, 10> kFiring = {
+    Say::FiresOnceInGame, Say::FiresOnceADay, Say::FiresOnceADay, Say::FiresOnceInGame,
+    Say::FiresAlways,     Say::FiresOnceADay, Say::FiresOnceADay, Say::FiresOnceADay,
+    Say::FiresOnceADay,   Say::FiresAlways,
 };
 
 } // namespace
@@ -65,13 +60,13 @@ std::vector<std::string> wrapText(std::string_view text, std::size_t width) {
     return lines;
 }
 
-std::string phraseRole(int n) {
+std::string phraseRole(int n, Language language) {
     if (n < 0 || n >= kFixedRoles)
         return {};
-    return resourceString(kHeadString + n).value_or("");
+    return std::string(kTexts(static_cast<Say>(static_cast<int>(Say::Role0) + n), language));
 }
 
-std::string decompileText(const EdtFile& file) {
+std::string decompileText(const EdtFile& file, Language language) {
     const auto last = file.lastNonEmpty();
     int l = last.value_or(0);
     if (l == 0)
@@ -82,13 +77,14 @@ std::string decompileText(const EdtFile& file) {
     std::string utf8;
     const std::string stars(80, '*');
     for (int n = 0; n <= l; ++n) {
+        const std::string head = fill(kTexts(Say::PhraseHead, language),
+                                      {text::zeroPadded(static_cast<unsigned>(n), 3)});
         if (n < kFixedRoles) {
-            utf8 += "Фраза " + text::zeroPadded(static_cast<unsigned>(n), 3) + ". " +
-                    phraseRole(n) + "\r\n";
+            utf8 += head + " " + phraseRole(n, language) + "\r\n";
             if (n < static_cast<int>(kFiring.size()))
-                utf8 += std::string(kFiring[n]) + "\r\n";
+                utf8 += std::string(kTexts(kFiring[n], language)) + "\r\n";
         } else {
-            utf8 += "Фраза " + text::zeroPadded(static_cast<unsigned>(n), 3) + ".\r\n\r\n";
+            utf8 += head + "\r\n\r\n";
         }
         auto lines = wrapText(file.phraseBytes(n));
         lines.resize(3);
@@ -100,13 +96,13 @@ std::string decompileText(const EdtFile& file) {
     return text::utf8ToCp1251(utf8).value_or(std::string());
 }
 
-Result<void> decompileToFile(const EdtFile& file, const std::filesystem::path& path) {
+Result<void> decompileToFile(const EdtFile& file, const std::filesystem::path& path,
+                             Language language) {
     if (file.kind() != EdtKind::NpcDialogues)
-        return fail(ErrorKind::Invalid,
-                    "Раскомпилировать можно только диалоги НПЦ (143 фразы по 480 байт).");
+        return fail(ErrorKind::Invalid, say(kTexts[Say::OnlyNpcDialogues]));
     if (platform::driveKind(path) == platform::DriveKind::ReadOnly)
         return std::unexpected(platform::readOnlyDriveError(path, true));
-    return platform::writeFileAtomic(path, decompileText(file));
+    return platform::writeFileAtomic(path, decompileText(file, language));
 }
 
 } // namespace parlex

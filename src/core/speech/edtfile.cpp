@@ -3,29 +3,32 @@
 #include "core/npc/npcformat.h"
 #include "core/platform/files.h"
 #include "core/speech/phrasecodec.h"
+#include "core/speech/speechtexts.h"
 #include "core/text/cp1251.h"
 
 #include <algorithm>
 
 namespace parlex {
 
+using speechtexts::kTexts;
+using speechtexts::Say;
+
 std::optional<Error> EdtFile::checkSize(const std::filesystem::path& path, std::uintmax_t size,
                                         EdtKind kind) {
     const EdtKindInfo& k = kindInfo(kind);
-    const std::string title = std::string(kMessageTitle) + " некоректный размер";
+    const Said title = say(kTexts[Say::BadSizeTitle], {kMessageTitle});
+    const Said kindLine(std::string(k.kindLine.ru), std::string(k.kindLine.en));
     if (size < k.smallestFile())
-        return Error{ErrorKind::TooSmall,
-                     "Файл " + platform::utf8(path) + "\n" + std::string(k.kindLine) +
-                         " меньше чем " + std::to_string(k.smallestFile()) +
-                         " байт\nОдна фраза имеет размер " + std::to_string(k.smallestFile()) +
-                         " байт",
-                     title};
+        return Error::said(ErrorKind::TooSmall,
+                           say(kTexts[Say::TooSmall],
+                               {platform::utf8(path), kindLine, std::to_string(k.smallestFile())}),
+                           title);
     if (size > k.largestFile()) {
-        std::string message = "Файл " + platform::utf8(path) + "\n" + std::string(k.kindLine) +
-                              " больше чем " + std::to_string(k.largestFile()) + " байт";
-        if (!k.limitLine.empty())
-            message += "\n" + std::string(k.limitLine);
-        return Error{ErrorKind::TooLarge, std::move(message), title};
+        Said message = say(kTexts[Say::TooLarge],
+                           {platform::utf8(path), kindLine, std::to_string(k.largestFile())});
+        if (!k.limitLine.ru.empty())
+            message += Said("\n" + std::string(k.limitLine.ru), "\n" + std::string(k.limitLine.en));
+        return Error::said(ErrorKind::TooLarge, message, title);
     }
     return std::nullopt;
 }
@@ -72,17 +75,15 @@ std::string EdtFile::phrase(int index) const {
     return text::cp1251ToUtf8(phrases_.at(index));
 }
 
-std::string EdtFile::lossWarning() const {
-    return "Файл " + platform::utf8(path_) + ": " + std::to_string(trailingBytes_) +
-           " байт в конце не составляют целой фразы (" + std::to_string(info().recordSize) +
-           " байт) и пропадут при сохранении.";
+std::string EdtFile::lossWarning(Language language) const {
+    return fill(kTexts(Say::Loss, language), {platform::utf8(path_), std::to_string(trailingBytes_),
+                                              std::to_string(info().recordSize)});
 }
 
 Result<void> EdtFile::setPhrase(int index, std::string_view utf8) {
     if (index < 0 || index > lastPhrase())
-        return fail(ErrorKind::Invalid, "Фразы " + std::to_string(index) +
-                                            " нет: номера фраз этого файла от 0 до " +
-                                            std::to_string(lastPhrase()) + ".");
+        return fail(ErrorKind::Invalid, say(kTexts[Say::NoSuchPhrase],
+                                            {std::to_string(index), std::to_string(lastPhrase())}));
     auto bytes = text::utf8ToCp1251(utf8);
     if (!bytes)
         return std::unexpected(bytes.error());
@@ -92,8 +93,7 @@ Result<void> EdtFile::setPhrase(int index, std::string_view utf8) {
             const auto byte = static_cast<unsigned char>(c);
             return byte < 0x20 || byte == 0x7F || byte == 0x98;
         }))
-        return fail(ErrorKind::Invalid, "Фраза не может содержать управляющие символы "
-                                        "(перевод строки, табуляцию и т. п.).");
+        return fail(ErrorKind::Invalid, say(kTexts[Say::ControlCharacters]));
     phrases_[index] = std::move(*bytes);
     return {};
 }
@@ -135,7 +135,7 @@ std::vector<std::uint8_t> EdtFile::toBytes() const {
 
 Result<void> EdtFile::save() {
     if (isNew_ || path_.empty())
-        return fail(ErrorKind::NotFound, "Файл ещё не сохранён: укажите имя файла.");
+        return fail(ErrorKind::NotFound, say(kTexts[Say::NotSavedYet]));
     return saveAs(path_);
 }
 

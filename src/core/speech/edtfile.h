@@ -49,7 +49,7 @@ public:
     std::size_t bytesLostOnSave() const { return trailingBytes_; }
     // "Файл …: N байт в конце не составляют целой фразы (R байт) и пропадут при
     // сохранении." for such a file.
-    std::string lossWarning() const;
+    std::string lossWarning(Language language = Language::Russian) const;
     bool isNew() const { return isNew_; }
     const std::filesystem::path& path() const { return path_; }
     std::string title() const { return platform::utf8(path_.filename()); }

@@ -1,17 +1,29 @@
 #include "core/speech/edtkind.h"
 
+#include "core/speech/speechtexts.h"
+
 #include <array>
 
 namespace parlex {
 namespace {
 
+using speechtexts::kTexts;
+using speechtexts::Say;
+
 constexpr std::array<EdtKindInfo, 3> kKinds{{
-    {EdtKind::NpcDialogues, "npc", kNpcLastPhrase, 480, 240, "(Тип: Диалоги НПЦ)",
-     "(всего может быть 143 [0-142] фразы по 480 байт)", "Диалоги НПЦ", 1},
-    {EdtKind::Civilian, "civ", 14, 320, 160, "(Тип: Диалоги гражданских)", "", "Диалоги гражд-их",
+    {EdtKind::NpcDialogues, "npc", kNpcLastPhrase, 480, 240, kTexts[Say::KindNpc],
+     kTexts[Say::LimitNpc], kTexts[Say::SummaryNpc], 1},
+    {EdtKind::Civilian,
+     "civ",
+     14,
+     320,
+     160,
+     kTexts[Say::KindCivilian],
+     {},
+     kTexts[Say::SummaryCivilian],
      2},
-    {EdtKind::Remarks, "rem", 34, 480, 240, "(Тип: Коментарии НПЦ)",
-     "(всего может быть 35 [0-34] фразы по 480 байт)", "Комментарии НПЦ", 3},
+    {EdtKind::Remarks, "rem", 34, 480, 240, kTexts[Say::KindRemarks], kTexts[Say::LimitRemarks],
+     kTexts[Say::SummaryRemarks], 3},
 }};
 
 } // namespace

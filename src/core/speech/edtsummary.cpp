@@ -2,17 +2,21 @@
 
 #include "core/platform/files.h"
 #include "core/speech/edtfile.h"
+#include "core/speech/speechtexts.h"
 
 namespace parlex {
 
-EdtSummary summarize(const EdtFile* file) {
+EdtSummary summarize(const EdtFile* file, Language language) {
+    using speechtexts::Say;
+    const auto t = [language](Say key) { return std::string(speechtexts::kTexts(key, language)); };
+    const auto bytes = [&](std::uintmax_t n) { return fill(t(Say::Bytes), {std::to_string(n)}); };
     EdtSummary s;
     if (!file) {
         s.kindText = s.countText = s.firstText = s.lastText = s.sizeOnDiskText =
             s.sizeAfterSaveText = "-";
         return s;
     }
-    s.kindText = std::string(file->info().summaryText);
+    s.kindText = std::string(file->info().summaryText.in(language));
     s.phrases = file->lastPhrase() + 1;
     s.nonEmpty = file->nonEmptyCount();
     s.first = file->firstNonEmpty();
@@ -23,17 +27,17 @@ EdtSummary summarize(const EdtFile* file) {
     const bool noCount = file->isNew() && s.nonEmpty == 0;
     s.countText = (noCount ? std::string() : std::to_string(s.nonEmpty)) + " (" +
                   std::to_string(s.phrases) + ")";
-    s.firstText = s.first ? std::to_string(*s.first) : "Нет";
-    s.lastText = s.last ? std::to_string(*s.last) : "Нет";
+    s.firstText = s.first ? std::to_string(*s.first) : t(Say::None);
+    s.lastText = s.last ? std::to_string(*s.last) : t(Say::None);
     if (file->isNew()) {
-        s.sizeOnDiskText = "Файл не сохранен";
+        s.sizeOnDiskText = t(Say::NotSaved);
     } else if (auto size = platform::fileSize(file->path())) {
         s.sizeOnDisk = *size;
-        s.sizeOnDiskText = std::to_string(*size) + " байт";
+        s.sizeOnDiskText = bytes(*size);
     } else {
-        s.sizeOnDiskText = "Файл не найден";
+        s.sizeOnDiskText = t(Say::NotFound);
     }
-    s.sizeAfterSaveText = std::to_string(s.sizeAfterSave) + " байт";
+    s.sizeAfterSaveText = bytes(s.sizeAfterSave);
     return s;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/language.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -25,6 +27,6 @@ struct EdtSummary {
 };
 
 // The summary of `file`, or of no open file at all (every value "-").
-EdtSummary summarize(const EdtFile* file);
+EdtSummary summarize(const EdtFile* file, Language language = Language::Russian);
 
 } // namespace parlex

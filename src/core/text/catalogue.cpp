@@ -1,6 +1,11 @@
 #include "core/text/catalogue.h"
 
+#include "core/codelists/listtexts.h"
 #include "core/explain/explaintexts.h"
+#include "core/mod/modtexts.h"
+#include "core/npc/npctexts.h"
+#include "core/platform/systemtexts.h"
+#include "core/speech/speechtexts.h"
 
 namespace parlex {
 namespace {
@@ -16,6 +21,11 @@ void add(std::vector<CatalogueEntry>& all, std::string_view name, const Table& t
 std::vector<CatalogueEntry> textCatalogue() {
     std::vector<CatalogueEntry> all;
     add(all, "explain", explaintexts::kTexts);
+    add(all, "lists", listtexts::kTexts);
+    add(all, "mod", modtexts::kTexts);
+    add(all, "npc", npctexts::kTexts);
+    add(all, "speech", speechtexts::kTexts);
+    add(all, "system", systemtexts::kTexts);
     return all;
 }
 

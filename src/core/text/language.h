@@ -82,6 +82,11 @@ struct Said {
     friend Said operator+(Said a, const Said& b) { return a += b; }
     bool empty() const { return ru.empty() && en.empty(); }
 };
+// What `words(language)` says, in each language.
+template <class Words> Said inEach(const Words& words) {
+    return {words(Language::Russian), words(Language::English)};
+}
+
 // A text of a table with its values filled in, in each language.
 Said say(const Text& text, std::initializer_list<Said> values = {});
 

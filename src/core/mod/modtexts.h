@@ -1,0 +1,75 @@
+#pragma once
+
+// What the whole-mod tools (lint, find, diff, batch conversion, the overview) say,
+// in each language.
+#include "core/text/language.h"
+
+namespace parlex::modtexts {
+
+enum class Say {
+    AlreadyInLayout,
+    WrittenFromAnother,
+    TargetExists,
+    SpeechUnreadable,
+    PhrasesMissing,
+    PhraseEmpty,
+    PhrasesEmpty,
+    JaTail,
+    NoPhrasesFrom,
+    OnePhrase,
+    PhraseRange,
+    RecordHeadings,
+    PhraseHeadings,
+    EmptyRecord,
+    NotInFile,
+    HtmlLanguage,
+    HeadRecord,
+    HeadWhen,
+    HeadDoes,
+    HeadSays,
+    HeadRemarks,
+    HeadPhrase,
+    HeadText,
+    HeadLength,
+    HeadSpokenBy,
+};
+
+inline constexpr auto kTexts = textTable<Say>({
+    {Say::AlreadyInLayout, {"уже в формате \"{1}\"", "already in the layout \"{1}\""}},
+    {Say::WrittenFromAnother,
+     {"файл {1} уже записан из другого скрипта",
+      "the file {1} has already been written from another script"}},
+    {Say::TargetExists, {"файл {1} уже существует", "the file {1} already exists"}},
+    {Say::SpeechUnreadable,
+     {"речевой файл {1} не прочитан: {2}", "the speech file {1} could not be read: {2}"}},
+    {Say::PhrasesMissing,
+     {"фразы {1} нет в файле {2} (в нём фраз: {3})",
+      "the file {2} has no phrase {1} (it has {3} phrases)"}},
+    {Say::PhraseEmpty, {"фраза {1} в файле {2} пустая", "phrase {1} of the file {2} is empty"}},
+    {Say::PhrasesEmpty, {"фразы {1} в файле {2} пустые", "phrases {1} of the file {2} are empty"}},
+    {Say::JaTail,
+     {"хвост файла \"ja\" (байты 1573-1600) не нулевой: сохранение запишет туда нули",
+      "the tail of the \"ja\" file (bytes 1573-1600) is not zero: a save writes zeros there"}},
+    {Say::NoPhrasesFrom, {"0 фраз (с {1})", "0 phrases (from {1})"}},
+    {Say::OnePhrase, {"фраза {1}", "phrase {1}"}},
+    {Say::PhraseRange, {"фразы {1}-{2}", "phrases {1}-{2}"}},
+    {Say::RecordHeadings,
+     {"Запись\tКогда\tЧто делает\tГоворит\tЗамечаний\tЗамечания",
+      "Record\tWhen\tWhat it does\tSays\tRemark count\tRemarks"}},
+    {Say::PhraseHeadings,
+     {"Фраза\tТекст\tДлина\tГоворят записи", "Phrase\tText\tLength\tSpoken by records"}},
+    {Say::EmptyRecord, {"(пустая)", "(empty)"}},
+    {Say::NotInFile, {"(нет в файле)", "(not in the file)"}},
+    {Say::HtmlLanguage, {"ru", "en"}},
+    {Say::HeadRecord, {"Запись", "Record"}},
+    {Say::HeadWhen, {"Когда", "When"}},
+    {Say::HeadDoes, {"Что делает", "What it does"}},
+    {Say::HeadSays, {"Говорит", "Says"}},
+    {Say::HeadRemarks, {"Замечания", "Remarks"}},
+    {Say::HeadPhrase, {"Фраза", "Phrase"}},
+    {Say::HeadText, {"Текст", "Text"}},
+    {Say::HeadLength, {"Длина", "Length"}},
+    {Say::HeadSpokenBy, {"Говорят записи", "Spoken by records"}},
+});
+
+} // namespace parlex::modtexts
