@@ -3,6 +3,7 @@
 #include "core/codelists/embedded.h"
 #include "core/platform/files.h"
 #include "core/platform/process.h"
+#include "core/platform/systemtexts.h"
 #include "core/text/escape.h"
 #include "core/text/lines.h"
 
@@ -258,7 +259,8 @@ Result<void> FreedesktopAssociation::associate() {
     if (platform::fileExists(mimeappsFile())) {
         const auto text = readText(mimeappsFile());
         if (!text)
-            return fail(ErrorKind::Read, "Не удалось прочитать " + platform::utf8(mimeappsFile()));
+            return fail(ErrorKind::Read, say(systemtexts::kTexts[systemtexts::Say::CannotRead],
+                                             {platform::utf8(mimeappsFile())}));
         mimeapps = *text;
     }
     return writeText(mimeappsFile(),
@@ -275,7 +277,8 @@ Result<void> FreedesktopAssociation::disassociate() {
     std::error_code ec;
     fs::remove(desktopFile(), ec);
     if (ec && outcome)
-        return fail(ErrorKind::Write, "Не удалось удалить " + platform::utf8(desktopFile()));
+        return fail(ErrorKind::Write, say(systemtexts::kTexts[systemtexts::Say::CannotRemove],
+                                          {platform::utf8(desktopFile())}));
     return outcome;
 }
 

@@ -1,5 +1,6 @@
 #include "core/association/registryassociation.h"
 
+#include "core/platform/systemtexts.h"
 #include <algorithm>
 #include <array>
 
@@ -66,7 +67,8 @@ Result<void> RegistryAssociation::associate() {
             failed = row.key;
     }
     if (failed)
-        return fail(ErrorKind::Write, "Не удалось записать ключ реестра " + *failed);
+        return fail(ErrorKind::Write,
+                    say(systemtexts::kTexts[systemtexts::Say::CannotWriteKey], {*failed}));
     return {};
 }
 
@@ -74,7 +76,7 @@ Result<void> RegistryAssociation::disassociate() {
     const bool type = registry_.deleteKey(".npc");
     registry_.deleteKey("Parlex");
     if (!type && registry_.defaultValue(".npc"))
-        return fail(ErrorKind::Write, "Не удалось удалить ключ реестра .npc");
+        return fail(ErrorKind::Write, say(systemtexts::kTexts[systemtexts::Say::CannotRemoveKey]));
     return {};
 }
 

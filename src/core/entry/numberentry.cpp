@@ -1,5 +1,7 @@
 #include "core/entry/numberentry.h"
 
+#include "core/explain/explaintexts.h"
+
 #include "core/text/hex.h"
 #include "core/text/lines.h"
 #include "core/text/numbers.h"
@@ -94,13 +96,15 @@ std::string encoded(std::uint32_t value, FieldWidth mode) {
     return text::byteHex(low) + " " + text::byteHex(static_cast<std::uint8_t>(value >> 8));
 }
 
-std::string rowText(const EditableField& field) {
+std::string rowText(const EditableField& field, Language language) {
     const auto number = [](int index) {
         return text::zeroPadded(static_cast<unsigned>(index + 1), 2);
     };
+    using explaintexts::Say;
     if (field.width == FieldWidth::Word)
-        return "Байты " + number(field.index) + "-" + number(field.index + 1);
-    return "Байт " + number(field.index);
+        return fill(explaintexts::kTexts(Say::BytesRow, language),
+                    {number(field.index), number(field.index + 1)});
+    return fill(explaintexts::kTexts(Say::ByteRow, language), {number(field.index)});
 }
 
 int rowOfByte(int byteIndex) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/explain/fieldlayout.h"
+#include "core/text/language.h"
 
 #include <cstdint>
 #include <optional>
@@ -43,7 +44,7 @@ std::string encoded(std::uint32_t value, FieldWidth mode);
 std::size_t encodedLength(FieldWidth mode);
 
 // The rows of the field chooser: "Байты 01-02" for a Word, "Байт 09" for a Byte.
-std::string rowText(const EditableField& field);
+std::string rowText(const EditableField& field, Language language = Language::Russian);
 
 // The row of the field chooser that byte `byteIndex` belongs to: the second byte of
 // a Word gives the Word's row; each of bytes 29-32 has its own.

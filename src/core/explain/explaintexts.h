@@ -67,6 +67,8 @@ enum class Say {
     PhraseMany,
     FieldRefused,
     ValueTooLarge,
+    BytesRow,
+    ByteRow,
 };
 
 inline constexpr auto kTexts = textTable<Say>({
@@ -203,6 +205,9 @@ inline constexpr auto kTexts = textTable<Say>({
     {Say::ValueTooLarge,
      {"Значение {1} не помещается в поле: допустимо от 0 до {2}.",
       "The value {1} does not fit the field: it must be from 0 to {2}."}},
+    // The byte editor's rows of fields.
+    {Say::BytesRow, {"Байты {1}-{2}", "Bytes {1}-{2}"}},
+    {Say::ByteRow, {"Байт {1}", "Byte {1}"}},
 });
 
 } // namespace parlex::explaintexts

@@ -22,6 +22,10 @@ enum class Say {
     ReadOnlyDrive,
     OtherPath,
     TooLargeToRead,
+    CannotRead,
+    CannotRemove,
+    CannotWriteKey,
+    CannotRemoveKey,
 };
 
 inline constexpr auto kTexts = textTable<Say>({
@@ -46,6 +50,12 @@ inline constexpr auto kTexts = textTable<Say>({
     {Say::TooLargeToRead,
      {"Файл {1} слишком велик: {2} байт (можно не больше {3}).",
       "The file {1} is too large: {2} bytes (at most {3} will do)."}},
+    {Say::CannotRead, {"Не удалось прочитать {1}", "Could not read {1}"}},
+    {Say::CannotRemove, {"Не удалось удалить {1}", "Could not remove {1}"}},
+    {Say::CannotWriteKey,
+     {"Не удалось записать ключ реестра {1}", "Could not write the registry key {1}"}},
+    {Say::CannotRemoveKey,
+     {"Не удалось удалить ключ реестра .npc", "Could not remove the registry key .npc"}},
 });
 
 } // namespace parlex::systemtexts

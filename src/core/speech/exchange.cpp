@@ -2,6 +2,7 @@
 
 #include "core/speech/decompiler.h"
 #include "core/speech/edtfile.h"
+#include "core/speech/speechtexts.h"
 #include "core/text/cp1251.h"
 #include "core/text/escape.h"
 #include "core/text/json.h"
@@ -14,6 +15,9 @@
 namespace parlex {
 namespace {
 
+using speechtexts::kTexts;
+using speechtexts::Say;
+
 // ------------------------------------------------------------------ JSON
 
 // A reader of the one JSON shape the engine uses: an array of strings.
@@ -25,7 +29,7 @@ public:
         std::vector<PhraseText> out;
         skipBlanks();
         if (!take('['))
-            return refuse("ожидался массив строк \"[\"");
+            return refuse(say(kTexts[Say::ArrayExpected]));
         skipBlanks();
         if (take(']'))
             return finish(out);
@@ -39,7 +43,7 @@ public:
             if (take(']'))
                 return finish(out);
             if (!take(','))
-                return refuse("ожидалась \",\" или \"]\"");
+                return refuse(say(kTexts[Say::CommaOrEnd]));
         }
     }
 
@@ -47,20 +51,20 @@ private:
     Result<std::vector<PhraseText>> finish(std::vector<PhraseText>& out) {
         skipBlanks();
         if (pos_ != s_.size())
-            return refuse("лишний текст после массива");
+            return refuse(say(kTexts[Say::TextAfterArray]));
         return std::move(out);
     }
 
     Result<std::string> string() {
         if (!take('"'))
-            return refuse("ожидалась строка");
+            return refuse(say(kTexts[Say::StringExpected]));
         std::string out;
         while (pos_ < s_.size()) {
             const char c = s_[pos_++];
             if (c == '"')
                 return out;
             if (static_cast<unsigned char>(c) < 0x20)
-                return refuse("управляющий символ внутри строки");
+                return refuse(say(kTexts[Say::ControlInString]));
             if (c != '\\') {
                 out += c;
                 continue;
@@ -99,29 +103,29 @@ private:
                     return std::unexpected(cp.error());
                 if (*cp >= 0xD800 && *cp < 0xDC00) { // a surrogate pair
                     if (!take('\\') || !take('u'))
-                        return refuse("неполная суррогатная пара");
+                        return refuse(say(kTexts[Say::HalfSurrogate]));
                     auto low = hex4();
                     if (!low || *low < 0xDC00 || *low > 0xDFFF)
-                        return refuse("неполная суррогатная пара");
+                        return refuse(say(kTexts[Say::HalfSurrogate]));
                     *cp = 0x10000 + ((*cp - 0xD800) << 10) + (*low - 0xDC00);
                 }
                 text::appendUtf8(out, static_cast<char32_t>(*cp));
                 break;
             }
             default:
-                return refuse("неизвестная escape-последовательность");
+                return refuse(say(kTexts[Say::UnknownEscape]));
             }
         }
-        return refuse("строка не закрыта");
+        return refuse(say(kTexts[Say::UnclosedString]));
     }
 
     Result<std::uint32_t> hex4() {
         if (pos_ + 4 > s_.size())
-            return refuse("неполная последовательность \\u");
+            return refuse(say(kTexts[Say::ShortUnicode]));
         std::uint32_t v = 0;
         const auto [end, ec] = std::from_chars(s_.data() + pos_, s_.data() + pos_ + 4, v, 16);
         if (ec != std::errc() || end != s_.data() + pos_ + 4)
-            return refuse("неверная последовательность \\u");
+            return refuse(say(kTexts[Say::BadUnicode]));
         pos_ += 4;
         return v;
     }
@@ -138,10 +142,10 @@ private:
         }
         return false;
     }
-    std::unexpected<Error> refuse(const std::string& what) const {
+    std::unexpected<Error> refuse(const Said& what) const {
         const auto line = 1 + std::count(s_.begin(), s_.begin() + static_cast<long>(pos_), '\n');
-        return std::unexpected(
-            Error{ErrorKind::Invalid, "JSON, строка " + std::to_string(line) + ": " + what});
+        return std::unexpected(Error::said(ErrorKind::Invalid,
+                                           say(kTexts[Say::JsonAt], {std::to_string(line), what})));
     }
 
     std::string_view s_;
@@ -243,9 +247,9 @@ Result<std::vector<PhraseText>> phrasesFromPo(std::string_view po) {
     Entry entry;
     std::string* open = nullptr; // the string that continuation lines add to
     int lineNumber = 0;
-    const auto refuse = [](int line, const std::string& what) {
+    const auto refuse = [](int line, const Said& what) {
         return std::unexpected(
-            Error{ErrorKind::Invalid, "PO, строка " + std::to_string(line) + ": " + what});
+            Error::said(ErrorKind::Invalid, say(kTexts[Say::PoAt], {std::to_string(line), what})));
     };
     const auto finish = [&]() -> std::optional<Error> {
         if (!entry.str.empty() && !entry.fuzzy && !entry.id.empty()) {
@@ -253,10 +257,10 @@ Result<std::vector<PhraseText>> phrasesFromPo(std::string_view po) {
             const auto [end, ec] = std::from_chars(
                 entry.context.data(), entry.context.data() + entry.context.size(), number);
             if (ec != std::errc() || end != entry.context.data() + entry.context.size())
-                return Error{ErrorKind::Invalid,
-                             "PO, строка " + std::to_string(entry.line) +
-                                 ": msgctxt должен быть номером фразы, а не \"" + entry.context +
-                                 "\""};
+                return Error::said(
+                    ErrorKind::Invalid,
+                    say(kTexts[Say::PoAt], {std::to_string(entry.line),
+                                            say(kTexts[Say::ContextNotNumber], {entry.context})}));
             out.push_back({number, entry.str});
         }
         entry = {};
@@ -280,7 +284,7 @@ Result<std::vector<PhraseText>> phrasesFromPo(std::string_view po) {
         if (line.starts_with("\"")) {
             const auto more = poUnquoted(line);
             if (!open || !more)
-                return refuse(lineNumber, "строка вне записи или без кавычек");
+                return refuse(lineNumber, say(kTexts[Say::LineOutsideEntry]));
             *open += *more;
             continue;
         }
@@ -289,7 +293,7 @@ Result<std::vector<PhraseText>> phrasesFromPo(std::string_view po) {
         const auto value =
             poUnquoted(blank == std::string_view::npos ? "" : text::trimmed(line.substr(blank)));
         if (!value)
-            return refuse(lineNumber, "ожидалась строка в кавычках");
+            return refuse(lineNumber, say(kTexts[Say::QuotedExpected]));
         if ((keyword == "msgctxt" || (keyword == "msgid" && entry.context.empty())) &&
             !entry.str.empty()) {
             if (auto error = finish()) // an entry without a blank line before the next
@@ -304,7 +308,7 @@ Result<std::vector<PhraseText>> phrasesFromPo(std::string_view po) {
         } else if (keyword == "msgstr") {
             entry.str = *value, open = &entry.str;
         } else {
-            return refuse(lineNumber, "неизвестное слово " + std::string(keyword));
+            return refuse(lineNumber, say(kTexts[Say::UnknownKeyword], {std::string(keyword)}));
         }
     }
     if (auto error = finish())
@@ -316,12 +320,12 @@ Result<void> importPhrases(EdtFile& file, const std::vector<PhraseText>& phrases
     EdtFile changed = file;
     for (const auto& [number, text] : phrases) {
         if (number < 0 || number > file.lastPhrase())
-            return fail(ErrorKind::Invalid, "фраза " + std::to_string(number) +
-                                                ": такой фразы нет (фразы с 0 по " +
-                                                std::to_string(file.lastPhrase()) + ")");
+            return fail(ErrorKind::Invalid,
+                        say(kTexts[Say::NoSuchPhraseToImport],
+                            {std::to_string(number), std::to_string(file.lastPhrase())}));
         if (auto set = changed.setPhrase(number, text); !set)
             return fail(ErrorKind::Invalid,
-                        "фраза " + std::to_string(number) + ": " + set.error().message);
+                        say(kTexts[Say::PhraseAt], {std::to_string(number), set.error().words()}));
     }
     file = std::move(changed);
     return {};

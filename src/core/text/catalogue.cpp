@@ -6,6 +6,7 @@
 #include "core/npc/npctexts.h"
 #include "core/platform/systemtexts.h"
 #include "core/speech/speechtexts.h"
+#include "core/text/encodingtexts.h"
 
 namespace parlex {
 namespace {
@@ -26,6 +27,7 @@ std::vector<CatalogueEntry> textCatalogue() {
     add(all, "npc", npctexts::kTexts);
     add(all, "speech", speechtexts::kTexts);
     add(all, "system", systemtexts::kTexts);
+    add(all, "encoding", encodingtexts::kTexts);
     return all;
 }
 

@@ -1,5 +1,7 @@
 #include "core/text/cp1251.h"
 
+#include "core/text/encodingtexts.h"
+
 #include <array>
 
 namespace parlex::text {
@@ -118,11 +120,13 @@ Result<std::string> utf8ToCp1251(std::string_view utf8) {
     while (pos < utf8.size()) {
         const auto ch = nextUtf8(utf8, pos);
         if (!ch)
-            return fail(ErrorKind::Invalid, "Текст не является корректным UTF-8.");
+            return fail(ErrorKind::Invalid,
+                        say(encodingtexts::kTexts[encodingtexts::Say::NotUtf8]));
         const auto byte = toCp1251(*ch);
         if (!byte)
-            return fail(ErrorKind::Invalid,
-                        "Символ " + describe(*ch) + " нельзя записать в кодировке Windows-1251.");
+            return fail(
+                ErrorKind::Invalid,
+                say(encodingtexts::kTexts[encodingtexts::Say::NotInCp1251], {describe(*ch)}));
         out += static_cast<char>(*byte);
     }
     return out;
