@@ -1,6 +1,8 @@
 // The two languages of the core's texts, held against each other, and how a
 // language is chosen.
+#include "core/codelists/resources.h"
 #include "core/explain/explainer.h"
+#include "core/explain/fieldlayout.h"
 #include "core/text/catalogue.h"
 #include "core/text/language.h"
 
@@ -49,6 +51,24 @@ TEST(Language, EveryTextHasBothLanguagesWithTheSamePlaceholders) {
         if (hasCyrillic(text.ru)) {
             EXPECT_NE(text.ru, text.en);
         }
+    }
+}
+
+// Every field has its help text in each language: a title, an empty line, a body.
+TEST(Language, EveryFieldHasItsHelpInBothLanguages) {
+    for (const FieldInfo& field : fieldTable()) {
+        const auto russian = helpText(field.index, Language::Russian);
+        const auto english = helpText(field.index, Language::English);
+        ASSERT_TRUE(russian && english) << field.index;
+        EXPECT_FALSE(hasCyrillic(*english)) << field.index;
+        const auto lines = [](const std::string& text) { return std::ranges::count(text, '\n'); };
+        EXPECT_EQ(lines(*russian), lines(*english)) << field.index;
+        // "Байты 01-02 (as Word) - ..." and "Bytes 01-02 (as Word) - ...": the same bytes.
+        const auto bytesOf = [](const std::string& text) {
+            const auto from = text.find(' ');
+            return text.substr(from, text.find(')') - from);
+        };
+        EXPECT_EQ(bytesOf(*russian), bytesOf(*english));
     }
 }
 

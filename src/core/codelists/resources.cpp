@@ -18,25 +18,29 @@ const std::map<std::uint32_t, std::string>& strings() {
 }
 
 // Sections "[index]" followed by the title line and the body lines.
-const std::map<int, std::string>& helpTexts() {
-    static const std::map<int, std::string> table = [] {
-        std::map<int, std::string> t;
-        int current = -1;
-        int lineNo = 0;
-        for (auto line : text::splitLines(embedded::file("help.txt"))) {
-            if (line.starts_with('[')) {
-                std::from_chars(line.data() + 1, line.data() + line.size() - 1, current);
-                lineNo = 0;
-                continue;
-            }
-            std::string& text = t[current];
-            text += lineNo == 0 ? "" : lineNo == 1 ? "\r\n\r\n" : "\r\n";
-            text += line;
-            ++lineNo;
+std::map<int, std::string> readHelpTexts(std::string_view file) {
+    std::map<int, std::string> t;
+    int current = -1;
+    int lineNo = 0;
+    for (auto line : text::splitLines(file)) {
+        if (line.starts_with('[')) {
+            std::from_chars(line.data() + 1, line.data() + line.size() - 1, current);
+            lineNo = 0;
+            continue;
         }
-        return t;
-    }();
-    return table;
+        std::string& text = t[current];
+        text += lineNo == 0 ? "" : lineNo == 1 ? "\r\n\r\n" : "\r\n";
+        text += line;
+        ++lineNo;
+    }
+    return t;
+}
+
+// The help texts in each language: help.txt in Russian, help_en.txt in English.
+const std::map<int, std::string>& helpTexts(Language language) {
+    static const std::map<int, std::string> russian = readHelpTexts(embedded::file("help.txt"));
+    static const std::map<int, std::string> english = readHelpTexts(embedded::file("help_en.txt"));
+    return language == Language::English ? english : russian;
 }
 
 } // namespace
@@ -67,9 +71,10 @@ std::vector<std::uint32_t> resourceCodes(int number) {
     return codes;
 }
 
-std::optional<std::string> helpText(int fieldIndex) {
-    const auto it = helpTexts().find(fieldIndex);
-    if (it == helpTexts().end())
+std::optional<std::string> helpText(int fieldIndex, Language language) {
+    const auto& texts = helpTexts(language);
+    const auto it = texts.find(fieldIndex);
+    if (it == texts.end())
         return std::nullopt;
     return it->second;
 }

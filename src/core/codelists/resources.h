@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/language.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -17,6 +19,6 @@ std::vector<std::uint32_t> resourceCodes(int number);
 
 // The help text of a field: title line, empty line, body lines; CR LF between lines,
 // none at the end. Nothing for an index where no field starts.
-std::optional<std::string> helpText(int fieldIndex);
+std::optional<std::string> helpText(int fieldIndex, Language language = Language::Russian);
 
 } // namespace parlex
