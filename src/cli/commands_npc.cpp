@@ -215,7 +215,7 @@ constexpr Command kCommands[] = {
     {"convert",
      "convert SRC.npc DST.npc [--yes] | convert --to ub|ja PATH... [--out DIR [--yes]]",
      {"записывает DST в другом формате (\"ub\" <-> \"ja\"); SRC и DST могут совпадать",
-      "writes DST in the other layout (\"ub\" <-> \"ja\"); SRC and DST may be the same"},
+      R"(writes DST in the other layout ("ub" <-> "ja"); SRC and DST may be the same)"},
      {"Существующий DST (и сам SRC) заменяется только с --yes.\n"
       "С --to: каждый скрипт из PATH (файл или папка со всеми *.npc внутри), который ещё\n"
       "не в формате ub или ja, переписывается в нём: на месте или в папку DIR под тем же\n"

@@ -3,6 +3,7 @@
 #include "core/codelists/resources.h"
 #include "core/explain/explainer.h"
 #include "core/explain/fieldlayout.h"
+#include "core/settings/settingsfile.h"
 #include "core/text/catalogue.h"
 #include "core/text/language.h"
 
@@ -122,6 +123,28 @@ TEST(Language, TheEnvironmentChoosesEnglishOnlyWhenItNamesIt) {
         };
         EXPECT_EQ(languageOfEnvironment(get), expected) << testing::PrintToString(env);
     }
+}
+
+// The window's language is a key of its own in the settings file, written only for
+// English, so that a Russian file keeps the old program's lines.
+TEST(Language, TheSettingsFileKeepsTheWindowsLanguage) {
+    const ScreenTwips screen{19200, 10800, 120, 600};
+    const auto read = [&](const std::string& text) {
+        Settings s;
+        applySettingsText(text, s, screen, [](const std::string&) { return true; });
+        return s.options.language;
+    };
+    EXPECT_EQ(read("[INTERFACE]\r\nLanguage=en\r\n"), Language::English);
+    EXPECT_EQ(read("[INTERFACE]\r\nLanguage=EN\r\n"), Language::English);
+    EXPECT_EQ(read("[INTERFACE]\r\nLanguage=de\r\n"), Language::Russian);
+    EXPECT_EQ(read("[INTERFACE]\r\nToolTip=1\r\n"), Language::Russian);
+
+    Settings english;
+    english.options.language = Language::English;
+    const std::string written = settingsText(english);
+    EXPECT_EQ(read(written), Language::English);
+    EXPECT_NE(written.find("AutoLoad=0\r\nLanguage=en\r\n\r\n[HISTORY]"), std::string::npos);
+    EXPECT_EQ(settingsText(Settings{}).find("Language"), std::string::npos);
 }
 
 TEST(Language, EnglishCountsPhrasesInItsOwnWay) {

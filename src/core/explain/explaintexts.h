@@ -162,7 +162,7 @@ inline constexpr auto kTexts = textTable<Say>({
      {", но значение байта 15 не верно!", ", but the value of byte 15 is wrong!"}},
     {Say::CountMustBeOne,
      {"Байт 14 = \"FF\" <НПЦ ничего не скажет>, байт 15 должен быть равен \"01\"!",
-      "Byte 14 = \"FF\" <the NPC says nothing>, so byte 15 must be \"01\"!"}},
+      R"(Byte 14 = "FF" <the NPC says nothing>, so byte 15 must be "01"!)"}},
     {Say::FirstWrong, {"Значение байта 14 не верно!", "The value of byte 14 is wrong!"}},
     {Say::CannotSay,
      {"НПЦ не сможет сказать {1}{2}после фразы №_{3}, т. к. в файле (speech).edt может быть "

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/language.h"
+
 #include <string>
 
 namespace parlex {
@@ -27,6 +29,7 @@ struct Options {
     bool flagOverwrite = true;     // ask before a list file is replaced
     unsigned phraseBackColour = 0xFFFFFF; // of the phrase text, 0xRRGGBB
     TextFont phraseFont;                  // of the phrase text, 4-18 points
+    Language language = Language::Russian; // of every text of the window
     bool operator==(const Options&) const = default;
 };
 

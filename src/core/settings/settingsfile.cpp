@@ -47,6 +47,7 @@ enum class Key {
     OverviewArea,
     OverviewRecords,
     OverviewPhrases,
+    InterfaceLanguage,
 };
 constexpr std::pair<Key, std::string_view> kKeys[] = {
     {Key::Top, "Top"},
@@ -75,6 +76,7 @@ constexpr std::pair<Key, std::string_view> kKeys[] = {
     {Key::OverviewArea, "OverviewArea"},
     {Key::OverviewRecords, "OverviewRecords"},
     {Key::OverviewPhrases, "OverviewPhrases"},
+    {Key::InterfaceLanguage, "Language"},
 };
 constexpr std::size_t kKeyCount = std::size(kKeys);
 
@@ -258,6 +260,7 @@ void applySettingsText(std::string_view text, Settings& s, const ScreenTwips& sc
     o.rememberPath = flag(kept(Key::RemebPath));
     o.findEdtName = !o.rememberPath;
     o.autoLoad = flag(kept(Key::AutoLoad));
+    o.language = languageNamed(kept(Key::InterfaceLanguage)).value_or(Language::Russian);
 
     if (!s.scriptPath.empty() && !stillThere(s.scriptPath))
         s.scriptPath.clear();
@@ -309,6 +312,13 @@ std::string settingsText(const Settings& s) {
             out += key;
             out += '=';
             out += value;
+            out += kEnd;
+        }
+        // The language of the window, written only when it is not the default: a
+        // Russian file stays line for line as the old program wrote it, and the old
+        // program passes the key over.
+        if (name == "[INTERFACE]" && o.language == Language::English) {
+            out += "Language=en";
             out += kEnd;
         }
     }

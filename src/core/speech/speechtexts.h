@@ -146,7 +146,7 @@ inline constexpr auto kTexts = textTable<Say>({
     {Say::JsonAt, {"JSON, строка {1}: {2}", "JSON, line {1}: {2}"}},
     {Say::PoAt, {"PO, строка {1}: {2}", "PO, line {1}: {2}"}},
     {Say::ArrayExpected, {"ожидался массив строк \"[\"", "an array of strings \"[\" was expected"}},
-    {Say::CommaOrEnd, {"ожидалась \",\" или \"]\"", "\",\" or \"]\" was expected"}},
+    {Say::CommaOrEnd, {"ожидалась \",\" или \"]\"", R"("," or "]" was expected)"}},
     {Say::TextAfterArray, {"лишний текст после массива", "text after the array"}},
     {Say::StringExpected, {"ожидалась строка", "a string was expected"}},
     {Say::ControlInString, {"управляющий символ внутри строки", "a control character in a string"}},
