@@ -17,7 +17,7 @@ elif [ "${1:-}" = tidy ]; then
               qt6-svg-dev libgtest-dev libgmock-dev)
 else
 packages=(make cmake g++ clang-format libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev
-          qt6-translations-l10n qt6-svg-dev xdg-utils shared-mime-info desktop-file-utils
+          qt6-translations-l10n qt6-l10n-tools qt6-tools-dev qt6-svg-dev xdg-utils shared-mime-info desktop-file-utils
           appstream help2man file dpkg-dev gettext)
 fi
 

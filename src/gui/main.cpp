@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(parlex::gui::programIcon());
     QGuiApplication::setDesktopFileName("org.parlex.Parlex");
     StartClock::mark("style and icon");
-    parlex::gui::loadQtTranslations(app);
+    parlex::gui::applyLanguage(parlex::Language::Russian); // the settings may change it
     StartClock::mark("Qt's translations");
     parlex::gui::DialogPrompts prompts;
     parlex::gui::MainWindow window(prompts, parlex::platform::programDir());

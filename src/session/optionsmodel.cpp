@@ -2,6 +2,8 @@
 
 #include "session/session.h"
 
+#include <QCoreApplication>
+
 namespace parlex::session {
 
 OptionsModel::OptionsModel(Session& session, FileAssociation* association)
@@ -59,12 +61,21 @@ void OptionsModel::setTicked(OptionBox box, bool ticked) {
     session_.setOptions(options);
 }
 
+Language OptionsModel::language() const {
+    return session_.options().language;
+}
+
+void OptionsModel::setLanguage(Language language) {
+    session_.updateOptions([language](Options& o) { o.language = language; });
+}
+
 void OptionsModel::selectTab(int tab) {
     tab_ = tab == 2 ? 2 : 1;
 }
 
 QString OptionsModel::frameCaption() const {
-    return tab_ == 2 ? QStringLiteral("Разное") : QStringLiteral("Извлечь список");
+    return tab_ == 2 ? QCoreApplication::translate("OptionsModel", "Разное")
+                     : QCoreApplication::translate("OptionsModel", "Извлечь список");
 }
 
 bool OptionsModel::onShownTab(OptionBox box) const {

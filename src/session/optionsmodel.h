@@ -2,6 +2,7 @@
 
 #include "core/association/fileassociation.h"
 #include "core/codelists/listkey.h"
+#include "core/text/language.h"
 
 #include <QString>
 #include <array>
@@ -47,6 +48,9 @@ public:
     BoxState box(OptionBox box) const { return boxes_[static_cast<int>(box)]; }
     // A box the user ticks or unticks.
     void setTicked(OptionBox box, bool ticked);
+    // The language of the window, chosen on the "Интерфейс" tab: it changes at once.
+    Language language() const;
+    void setLanguage(Language language);
 
     // 1 "Загрузка": the list buttons and Check; 2 "Интерфейс": the other boxes.
     int tab() const { return tab_; }

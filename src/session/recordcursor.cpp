@@ -156,7 +156,8 @@ std::optional<int> RecordCursor::shownField() const {
 Explanation RecordCursor::explanation() const {
     const NpcFile* npc = document_.file();
     const ExplainContext context{npc ? std::optional(npc->type()) : std::nullopt, &lists_,
-                                 options_.paneFollowsPhrase, speech_.lastPhrase()};
+                                 options_.paneFollowsPhrase, speech_.lastPhrase(),
+                                 options_.language};
     if (npc && noRecordShown_)
         return explain(nullptr, 0, context);
     const auto field = shownField();

@@ -22,7 +22,10 @@ OptionChanges optionChanges(const Options& before, const Options& after) {
         changed |= OptionChange::ToolTips;
     if (before.phraseBackColour != after.phraseBackColour || before.phraseFont != after.phraseFont)
         changed |= OptionChange::PhraseStyle;
-    Options rest = after; // what is left once the looks are set alike
+    if (before.language != after.language)
+        changed |= OptionChange::Language;
+    Options rest = after; // what is left once the looks and the language are set alike
+    rest.language = before.language;
     rest.helpFontSize = before.helpFontSize;
     rest.helpAlignment = before.helpAlignment;
     rest.toolTips = before.toolTips;
@@ -64,7 +67,8 @@ void Session::restore(const Settings& settings) {
     if (!settings.speechPath.empty())
         speech_.setRememberedPath(platform::pathFromUtf8(settings.speechPath));
     emit optionsChanged(OptionChange::HelpText | OptionChange::ToolTips |
-                        OptionChange::PhraseStyle | OptionChange::Behaviour);
+                        OptionChange::PhraseStyle | OptionChange::Behaviour |
+                        OptionChange::Language);
 }
 
 Settings Session::remembered(Settings base) const {

@@ -25,6 +25,7 @@ enum class OptionChange {
     ToolTips = 2,
     PhraseStyle = 4,
     Behaviour = 8,
+    Language = 16, // every text of the window
 };
 Q_DECLARE_FLAGS(OptionChanges, OptionChange)
 Q_DECLARE_OPERATORS_FOR_FLAGS(OptionChanges)

@@ -3,6 +3,7 @@
 #include "core/codelists/listkey.h"
 
 #include <QListWidget>
+#include <QtGlobal>
 #include <array>
 #include <optional>
 
@@ -20,13 +21,13 @@ struct ListMenu {
     ListKey key;
 };
 inline constexpr std::array<ListMenu, 7> kListMenus{{
-    {"nReact", "Коды &Реакций", ListKey::R},
-    {"nAction", "Коды &Воздействий", ListKey::A},
-    {"nTrig", "Коды &Триггеров", ListKey::T},
-    {"nName", "Список &Имен", ListKey::N},
-    {"nItem", "Коды &Предметов", ListKey::I},
-    {"nIq", "Коды При&немаемых квестов", ListKey::Qi},
-    {"nOq", "Коды Завершенных &квестов", ListKey::Qo},
+    {"nReact", QT_TRANSLATE_NOOP("Menus", "Коды &Реакций"), ListKey::R},
+    {"nAction", QT_TRANSLATE_NOOP("Menus", "Коды &Воздействий"), ListKey::A},
+    {"nTrig", QT_TRANSLATE_NOOP("Menus", "Коды &Триггеров"), ListKey::T},
+    {"nName", QT_TRANSLATE_NOOP("Menus", "Список &Имен"), ListKey::N},
+    {"nItem", QT_TRANSLATE_NOOP("Menus", "Коды &Предметов"), ListKey::I},
+    {"nIq", QT_TRANSLATE_NOOP("Menus", "Коды При&немаемых квестов"), ListKey::Qi},
+    {"nOq", QT_TRANSLATE_NOOP("Menus", "Коды Завершенных &квестов"), ListKey::Qo},
 }};
 
 // The pane of the main window that shows one code list (List), row by row. The byte

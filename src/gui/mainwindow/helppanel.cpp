@@ -14,8 +14,8 @@ namespace {
 constexpr int kSmallest = 8;
 constexpr int kLargest = 14;
 
-QString helpOf(int fieldIndex) {
-    return QString::fromStdString(helpText(fieldIndex).value_or(std::string()))
+QString helpOf(int fieldIndex, Language language) {
+    return QString::fromStdString(helpText(fieldIndex, language).value_or(std::string()))
         .replace("\r\n", "\n");
 }
 
@@ -35,7 +35,18 @@ HelpPanel::HelpPanel(QWidget* parent) : QScrollArea(parent) {
 }
 
 void HelpPanel::showFieldHelp(int fieldIndex) {
-    label_->setText(helpOf(fieldIndex));
+    fieldShown_ = fieldIndex;
+    label_->setText(helpOf(fieldIndex, language_));
+}
+
+void HelpPanel::setLanguage(Language language) {
+    if (language == language_)
+        return;
+    language_ = language;
+    hintWidth_ = -1; // the longest texts are others
+    if (fieldShown_ >= 0)
+        showFieldHelp(fieldShown_);
+    updateGeometry();
 }
 
 void HelpPanel::setFontSize(int points) {
@@ -62,7 +73,7 @@ QSize HelpPanel::sizeHint() const {
     // be the tallest, so only they are measured.
     std::vector<QString> texts;
     for (const FieldInfo& field : fieldTable())
-        texts.push_back(helpOf(field.index));
+        texts.push_back(helpOf(field.index, language_));
     constexpr std::size_t kCandidates = 3;
     std::partial_sort(texts.begin(), texts.begin() + kCandidates, texts.end(),
                       [](const QString& a, const QString& b) { return a.size() > b.size(); });
@@ -79,7 +90,7 @@ bool HelpPanel::eventFilter(QObject* watched, QEvent* event) {
         return QScrollArea::eventFilter(watched, event);
     if (event->type() == QEvent::MouseMove)
         label_->setToolTip(toolTips_ && !label_->text().isEmpty()
-                               ? "Л. клик-размер шрифта П. клик-положение"
+                               ? tr("Л. клик-размер шрифта П. клик-положение")
                                : QString());
     if (event->type() != QEvent::MouseButtonPress)
         return false;

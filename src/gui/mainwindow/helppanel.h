@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/text/language.h"
 #include <QScrollArea>
 
 namespace parlex::gui {
@@ -15,8 +16,9 @@ class HelpPanel : public QScrollArea {
 public:
     explicit HelpPanel(QWidget* parent = nullptr);
 
-    // The help text of the field that starts at `fieldIndex`.
+    // The help text of the field that starts at `fieldIndex`, in the window's language.
     void showFieldHelp(int fieldIndex);
+    void setLanguage(Language language);
     void setFontSize(int points);
     void setAlignmentIndex(int index); // 0 left, 1 right, 2 centre
     int fontSize() const { return fontSize_; }
@@ -39,6 +41,8 @@ private:
     int fontSize_ = 8;
     int alignment_ = 0;
     bool toolTips_ = false;
+    Language language_ = Language::Russian;
+    int fieldShown_ = -1;
 };
 
 } // namespace parlex::gui

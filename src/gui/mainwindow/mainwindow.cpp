@@ -1,5 +1,7 @@
 #include "gui/mainwindow/mainwindow.h"
 
+#include "gui/app/translations.h"
+
 #include "core/explain/fieldlayout.h"
 #include "gui/app/drawings.h"
 #include "gui/app/startclock.h"
@@ -157,6 +159,11 @@ void MainWindow::wireSession() {
             help_->setToolTipsShown(o.toolTips);
         if (changed.testFlag(session::OptionChange::PhraseStyle))
             speech_->applyStyle();
+        // The new translators tell every widget at once (changeEvent).
+        if (changed.testFlag(session::OptionChange::Language)) {
+            help_->setLanguage(o.language);
+            applyLanguage(o.language);
+        }
     };
     connect(&session_, &S::optionsChanged, this, showOptions);
     showOptions(session::OptionChange::HelpText | session::OptionChange::ToolTips |
@@ -186,8 +193,8 @@ void MainWindow::documentReplaced() {
     const NpcFile* script = session_.script();
     sbar_->setPicture(2, scriptIcon());
     if (script->isNew()) {
-        sbar_->setText(2, "Новый");
-        sbar_->setText(3, "Новый");
+        sbar_->setText(2, tr("Новый"));
+        sbar_->setText(3, tr("Новый"));
     } else {
         updatePathPanel();
         sbar_->setText(3, q(script->title()));
@@ -239,7 +246,7 @@ void MainWindow::updatePathPanel() {
 void MainWindow::updateNamePanel() {
     const NpcFile* script = session_.script();
     const QString shown = q(session_.codeLists().characterNameForTitle(
-        script->isNew() ? std::string("Новый") : script->title()));
+        script->isNew() ? tr("Новый").toStdString() : script->title()));
     sbar_->setText(3, shown);
     const QFontMetrics metrics(sbar_->label(3)->font());
     sbar_->label(3)->setToolTip(metrics.horizontalAdvance(shown) > kNameToolTip ? shown
@@ -247,6 +254,16 @@ void MainWindow::updateNamePanel() {
 }
 
 // ---------------------------------------------------------------- close and keys
+
+void MainWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange) {
+        menus_->retranslate();
+        if (session_.script())
+            documentReplaced();
+        showField();
+    }
+    QMainWindow::changeEvent(event);
+}
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (!session_.queryClose()) {
@@ -366,11 +383,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
         return false;
     case QEvent::MouseMove:
         if (watched == slider_)
-            slider_->setToolTip(session_.options().toolTips && slider_->isEnabled() ? "Выбор записи"
-                                                                                    : QString());
+            slider_->setToolTip(session_.options().toolTips && slider_->isEnabled()
+                                    ? tr("Выбор записи")
+                                    : QString());
         else if (auto* label = qobject_cast<QLabel*>(watched); label && label->parent() == grid_)
             label->setToolTip(session_.options().toolTips && session_.cursor().currentRecord()
-                                  ? "П. клик-выделить Дв. клик-редактировать"
+                                  ? tr("П. клик-выделить Дв. клик-редактировать")
                                   : QString());
         return false;
     default:

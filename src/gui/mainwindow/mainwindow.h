@@ -72,6 +72,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override; // a new language: every text again
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

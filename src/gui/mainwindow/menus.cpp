@@ -3,6 +3,7 @@
 #include "gui/codes/codelistpane.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QMainWindow>
 #include <QMenuBar>
 
@@ -46,42 +47,67 @@ std::vector<Item> listItems() {
 const std::vector<Menu>& menuTree() {
     static const std::vector<Menu> tree = {
         {"nFile",
-         "&Файл",
-         {{"nOpen", "&Открыть...", "", keys({"Ctrl+O"})},
-          {"nNew", "Созд&ать", "", keys({"Ctrl+N"})},
-          {"nSave", "&Сохранить", "Alt+S (F2)", {}},
-          {"nSaveAs", "Сохранить &как...", "", keys({"Ctrl+S"})},
+         QT_TRANSLATE_NOOP("Menus", "&Файл"),
+         {{"nOpen", QT_TRANSLATE_NOOP("Menus", "&Открыть..."), "", keys({"Ctrl+O"})},
+          {"nNew", QT_TRANSLATE_NOOP("Menus", "Созд&ать"), "", keys({"Ctrl+N"})},
+          {"nSave", QT_TRANSLATE_NOOP("Menus", "&Сохранить"), "Alt+S (F2)", {}},
+          {"nSaveAs", QT_TRANSLATE_NOOP("Menus", "Сохранить &как..."), "", keys({"Ctrl+S"})},
           {"-", "n1", "", {}},
-          {"nExit", "В&ыход", "Alt+X", {}}}},
+          {"nExit", QT_TRANSLATE_NOOP("Menus", "В&ыход"), "Alt+X", {}}}},
         {"nRec",
-         "&Запись",
-         {{"nFrec", "Перейти к пе&рвой", "Numpad /", {}},
-          {"nLrec", "Перейти к п&оследней", "Numpad *", {}},
-          {"nNext", "С&ледующая", "Numpad + (Ctrl+Numpad +)", {}},
-          {"nBack", "Пре&дыдущая", "Numpad - (Ctrl+Numpad -)", {}},
+         QT_TRANSLATE_NOOP("Menus", "&Запись"),
+         {{"nFrec", QT_TRANSLATE_NOOP("Menus", "Перейти к пе&рвой"), "Numpad /", {}},
+          {"nLrec", QT_TRANSLATE_NOOP("Menus", "Перейти к п&оследней"), "Numpad *", {}},
+          {"nNext", QT_TRANSLATE_NOOP("Menus", "С&ледующая"), "Numpad + (Ctrl+Numpad +)", {}},
+          {"nBack", QT_TRANSLATE_NOOP("Menus", "Пре&дыдущая"), "Numpad - (Ctrl+Numpad -)", {}},
           {"-", "n2", "", {}},
-          {"nDelStand", "Удалит&ь стандартно", "Ctrl+Numpad Del", {}},
-          {"nDel", "&Удалить полностью", "Numpad Del", {}},
-          {"nCopy", "&Копировать", "Alt+C", {}},
-          {"nPaste", "Вст&авить", "Alt+V", {}},
+          {"nDelStand", QT_TRANSLATE_NOOP("Menus", "Удалит&ь стандартно"), "Ctrl+Numpad Del", {}},
+          {"nDel", QT_TRANSLATE_NOOP("Menus", "&Удалить полностью"), "Numpad Del", {}},
+          {"nCopy", QT_TRANSLATE_NOOP("Menus", "&Копировать"), "Alt+C", {}},
+          {"nPaste", QT_TRANSLATE_NOOP("Menus", "Вст&авить"), "Alt+V", {}},
           {"-", "nUndoSeparator", "", {}},
-          {"nUndo", "От&менить", "", keys({"Ctrl+Z"})},
-          {"nRedo", "По&вторить", "", keys({"Ctrl+Y", "Ctrl+Shift+Z"})}}},
+          {"nUndo", QT_TRANSLATE_NOOP("Menus", "От&менить"), "", keys({"Ctrl+Z"})},
+          {"nRedo", QT_TRANSLATE_NOOP("Menus", "По&вторить"), "",
+           keys({"Ctrl+Y", "Ctrl+Shift+Z"})}}},
         {"nTools",
-         "&Инструменты",
-         {{"nType", "&Тип файла", "", {}},
-          {"nEdit", "&Редактировать", "", keys({"Ctrl+E"})},
-          {"nOverview", "&Обзор", "", keys({"Ctrl+T"})},
+         QT_TRANSLATE_NOOP("Menus", "&Инструменты"),
+         {{"nType", QT_TRANSLATE_NOOP("Menus", "&Тип файла"), "", {}},
+          {"nEdit", QT_TRANSLATE_NOOP("Menus", "&Редактировать"), "", keys({"Ctrl+E"})},
+          {"nOverview", QT_TRANSLATE_NOOP("Menus", "&Обзор"), "", keys({"Ctrl+T"})},
           {"-", "n3", "", {}},
-          {"nOptions", "&Параметры", "", keys({"Ctrl+P"})}}},
-        {"nKeys", "&Коды", listItems()},
+          {"nOptions", QT_TRANSLATE_NOOP("Menus", "&Параметры"), "", keys({"Ctrl+P"})}}},
+        {"nKeys", QT_TRANSLATE_NOOP("Menus", "&Коды"), listItems()},
         {"nHelp",
-         "Помо&щь",
-         {{"nContecst", "&Справка", "", keys({"F1"})},
+         QT_TRANSLATE_NOOP("Menus", "Помо&щь"),
+         {{"nContecst", QT_TRANSLATE_NOOP("Menus", "&Справка"), "", keys({"F1"})},
           {"-", "n5", "", {}},
-          {"nAbout", "&О Программе...", "", {}}}},
+          {"nAbout", QT_TRANSLATE_NOOP("Menus", "&О Программе..."), "", {}}}},
     };
     return tree;
+}
+
+QString translated(const char* caption) {
+    return QCoreApplication::translate("Menus", caption);
+}
+
+QString itemText(const Item& item) {
+    return *item.hotKeys ? translated(item.caption) + "\t" + item.hotKeys
+                         : translated(item.caption);
+}
+
+// The items under the layout command.
+const std::vector<Item>& typeItems() {
+    static const std::vector<Item> items = {
+        {"nSelect", QT_TRANSLATE_NOOP("Menus", "Выбрать и &Изменить"), "", keys({"Ctrl+F11"})},
+        {"nCurrent", QT_TRANSLATE_NOOP("Menus", "&Текущий"), "", keys({"Ctrl+F12"})}};
+    return items;
+}
+
+const std::vector<Item>& popupItems() {
+    static const std::vector<Item> items = {
+        {"nFon", QT_TRANSLATE_NOOP("Menus", "&Фон Текста"), "", {}},
+        {"nFont", QT_TRANSLATE_NOOP("Menus", "&Шрифт Текста"), "", {}}};
+    return items;
 }
 
 void fill(QMenu* menu, const std::vector<Item>& items) {
@@ -90,9 +116,7 @@ void fill(QMenu* menu, const std::vector<Item>& items) {
             menu->addSeparator()->setObjectName(item.caption);
             continue;
         }
-        const QString caption =
-            *item.hotKeys ? QString(item.caption) + "\t" + item.hotKeys : QString(item.caption);
-        QAction* action = menu->addAction(caption);
+        QAction* action = menu->addAction(itemText(item));
         action->setObjectName(item.name);
         action->setShortcuts(item.shortcuts);
         if (QString(item.name) == "nType") { // the layout commands live one level down
@@ -100,8 +124,7 @@ void fill(QMenu* menu, const std::vector<Item>& items) {
             type->setObjectName("nType");
             action->setMenu(type);
             // Ctrl+F11 and Ctrl+F12: the two menu shortcuts after F9, clear of Ctrl+F1.
-            fill(type, {{"nSelect", "Выбрать и &Изменить", "", keys({"Ctrl+F11"})},
-                        {"nCurrent", "&Текущий", "", keys({"Ctrl+F12"})}});
+            fill(type, typeItems());
         }
     }
 }
@@ -110,14 +133,30 @@ void fill(QMenu* menu, const std::vector<Item>& items) {
 
 MainMenus::MainMenus(QMainWindow* window) : window_(window) {
     for (const Menu& m : menuTree()) {
-        QMenu* menu = window->menuBar()->addMenu(m.caption);
+        QMenu* menu = window->menuBar()->addMenu(translated(m.caption));
         menu->setObjectName(m.name);
         menu->menuAction()->setObjectName(m.name);
         fill(menu, m.items);
     }
     popup_ = new QMenu(window);
     popup_->setObjectName("nPopUp");
-    fill(popup_, {{"nFon", "&Фон Текста", "", {}}, {"nFont", "&Шрифт Текста", "", {}}});
+    fill(popup_, popupItems());
+}
+
+void MainMenus::retranslate() {
+    const auto retitle = [this](const std::vector<Item>& items) {
+        for (const Item& item : items)
+            if (QString(item.name) != "-")
+                if (QAction* a = action(item.name))
+                    a->setText(itemText(item));
+    };
+    for (const Menu& m : menuTree()) {
+        if (auto* menu = window_->findChild<QMenu*>(m.name))
+            menu->setTitle(translated(m.caption));
+        retitle(m.items);
+    }
+    retitle(typeItems());
+    retitle(popupItems());
 }
 
 QAction* MainMenus::action(const QString& name) const {

@@ -16,6 +16,8 @@ public:
     explicit MainMenus(QMainWindow* window);
 
     QAction* action(const QString& name) const;
+    // Every caption again, in the language now in place.
+    void retranslate();
     QMenu* popup() const { return popup_; }
 
 private:

@@ -6,8 +6,11 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalBlocker>
@@ -28,14 +31,21 @@ struct BoxText {
 };
 // Tab 1 holds Check alone; the others are tab 2's, in their order there.
 constexpr BoxText kBoxes[] = {
-    {OptionBox::Check, "Check", "Запрос перед заменой"},
-    {OptionBox::CheckR, "CheckR", "Ассоциировать файлы *.npc с этой прграммой"},
-    {OptionBox::CheckA, "CheckA", "Блокировать анимацию при закрытие окон"},
-    {OptionBox::CheckH, "CheckH", "Показывать всплывающие подсказки (хинты)"},
-    {OptionBox::CheckM, "CheckM", "Автоматически показывать текущую фразу"},
-    {OptionBox::CheckS, "CheckS", "Определять имя edt-файла при открытии npc-файла"},
-    {OptionBox::CheckS1, "CheckS1", "и сразу загружать если он есть в данной папке"},
-    {OptionBox::CheckUS, "CheckUS", "Помнить путь последнего открытого EDT файла"},
+    {OptionBox::Check, "Check", QT_TRANSLATE_NOOP("OptionsDialog", "Запрос перед заменой")},
+    {OptionBox::CheckR, "CheckR",
+     QT_TRANSLATE_NOOP("OptionsDialog", "Ассоциировать файлы *.npc с этой прграммой")},
+    {OptionBox::CheckA, "CheckA",
+     QT_TRANSLATE_NOOP("OptionsDialog", "Блокировать анимацию при закрытие окон")},
+    {OptionBox::CheckH, "CheckH",
+     QT_TRANSLATE_NOOP("OptionsDialog", "Показывать всплывающие подсказки (хинты)")},
+    {OptionBox::CheckM, "CheckM",
+     QT_TRANSLATE_NOOP("OptionsDialog", "Автоматически показывать текущую фразу")},
+    {OptionBox::CheckS, "CheckS",
+     QT_TRANSLATE_NOOP("OptionsDialog", "Определять имя edt-файла при открытии npc-файла")},
+    {OptionBox::CheckS1, "CheckS1",
+     QT_TRANSLATE_NOOP("OptionsDialog", "и сразу загружать если он есть в данной папке")},
+    {OptionBox::CheckUS, "CheckUS",
+     QT_TRANSLATE_NOOP("OptionsDialog", "Помнить путь последнего открытого EDT файла")},
 };
 
 struct ListButton {
@@ -44,13 +54,13 @@ struct ListButton {
     ListKey key;
 };
 constexpr ListButton kListButtons[] = {
-    {"ComReact", "&Реакций", ListKey::R},
-    {"ComAction", "&Воздействий", ListKey::A},
-    {"ComTrig", "&Триггеров", ListKey::T},
-    {"ComItem", "&Предметов", ListKey::I},
-    {"ComName", "&Имен", ListKey::N},
-    {"ComQi", "&Квестов (Принимаемых)", ListKey::Qi},
-    {"ComQo", "Квестов (&Завершенных)", ListKey::Qo},
+    {"ComReact", QT_TRANSLATE_NOOP("OptionsDialog", "&Реакций"), ListKey::R},
+    {"ComAction", QT_TRANSLATE_NOOP("OptionsDialog", "&Воздействий"), ListKey::A},
+    {"ComTrig", QT_TRANSLATE_NOOP("OptionsDialog", "&Триггеров"), ListKey::T},
+    {"ComItem", QT_TRANSLATE_NOOP("OptionsDialog", "&Предметов"), ListKey::I},
+    {"ComName", QT_TRANSLATE_NOOP("OptionsDialog", "&Имен"), ListKey::N},
+    {"ComQi", QT_TRANSLATE_NOOP("OptionsDialog", "&Квестов (Принимаемых)"), ListKey::Qi},
+    {"ComQo", QT_TRANSLATE_NOOP("OptionsDialog", "Квестов (&Завершенных)"), ListKey::Qo},
 };
 
 } // namespace
@@ -59,11 +69,10 @@ OptionsDialog::OptionsDialog(session::Session& session, FileAssociation* associa
                              QWidget* owner)
     : QDialog(owner), session_(session), model_(session, association) {
     setObjectName("Options");
-    if (owner) {
-        setWindowTitle(owner->window()->windowTitle() + " Параметры...");
+    if (owner)
         setWindowIcon(owner->window()->windowIcon());
-    }
     build();
+    retranslate();
     // Large enough for either tab, so that the dialog keeps its size when they change.
     QSize size;
     for (int tab : {2, 1}) {
@@ -84,8 +93,8 @@ void OptionsDialog::build() {
     auto* layout = new QVBoxLayout(this);
     tabs_ = new QTabBar(this);
     tabs_->setObjectName("TabStrip");
-    tabs_->addTab("Загрузка");
-    tabs_->addTab("Интерфейс");
+    tabs_->addTab(QString());
+    tabs_->addTab(QString());
     tabs_->setExpanding(false);
     layout->addWidget(tabs_);
 
@@ -95,8 +104,8 @@ void OptionsDialog::build() {
     auto* lists = new QGridLayout;
     pages->addLayout(lists);
     int index = 0;
-    const auto addListButton = [&](const char* name, const char* caption, auto run) {
-        auto* button = new QPushButton(caption, frame_);
+    const auto addListButton = [&](const char* name, auto run) {
+        auto* button = new QPushButton(frame_);
         button->setObjectName(name);
         button->setAutoDefault(false);
         lists->addWidget(button, index / 2, index % 2);
@@ -109,10 +118,11 @@ void OptionsDialog::build() {
         listButtons_.push_back(button);
     };
     for (const auto& [name, caption, key] : kListButtons)
-        addListButton(name, caption, [this, k = key] { model_.extract(k); });
-    addListButton("ComAll", "Извлечь всё", [this] { model_.extractAll(); });
+        addListButton(name, [this, k = key] { model_.extract(k); });
+    addListButton("ComAll", [this] { model_.extractAll(); });
+    allButton_ = listButtons_.back();
     for (const auto& [box, name, caption] : kBoxes) {
-        auto* check = new QCheckBox(caption, frame_);
+        auto* check = new QCheckBox(frame_);
         check->setObjectName(name);
         if (box == OptionBox::CheckS1) { // it belongs to the name rule above it
             auto* indented = new QHBoxLayout;
@@ -128,10 +138,28 @@ void OptionsDialog::build() {
         });
         boxes_[static_cast<std::size_t>(box)] = check;
     }
+    // The language of the window: named in both languages, so that either reader
+    // finds it; it changes at once.
+    auto* languageRow = new QHBoxLayout;
+    languageLabel_ = new QLabel(QStringLiteral("Язык интерфейса / Interface language"), frame_);
+    languageLabel_->setObjectName("LblLanguage");
+    language_ = new QComboBox(frame_);
+    language_->setObjectName("ComboLanguage");
+    language_->addItem(QStringLiteral("Русский"));
+    language_->addItem(QStringLiteral("English"));
+    languageLabel_->setBuddy(language_);
+    languageRow->addWidget(languageLabel_);
+    languageRow->addWidget(language_);
+    languageRow->addStretch(1);
+    pages->addLayout(languageRow);
+    connect(language_, &QComboBox::activated, this, [this](int index) {
+        model_.setLanguage(index == 1 ? Language::English : Language::Russian);
+    });
     pages->addStretch(1);
     layout->addWidget(frame_, 1);
 
-    auto* ok = new QPushButton("Закр&ыть", this);
+    auto* ok = new QPushButton(this);
+    closeButton_ = ok;
     ok->setObjectName("ComOK");
     ok->setAutoDefault(false);
     connect(ok, &QPushButton::clicked, this, &QDialog::reject);
@@ -155,6 +183,9 @@ void OptionsDialog::showModel() {
     const bool listTab = model_.tab() == 1;
     for (auto* button : listButtons_)
         button->setVisible(listTab);
+    languageLabel_->setVisible(!listTab);
+    language_->setVisible(!listTab);
+    language_->setCurrentIndex(model_.language() == Language::English ? 1 : 0);
     for (const auto& entry : kBoxes) {
         auto* check = boxes_[static_cast<std::size_t>(entry.box)];
         const auto state = model_.box(entry.box);
@@ -162,6 +193,28 @@ void OptionsDialog::showModel() {
         check->setEnabled(state.enabled);
         check->setVisible(model_.onShownTab(entry.box));
     }
+}
+
+void OptionsDialog::retranslate() {
+    if (parentWidget())
+        setWindowTitle(parentWidget()->window()->windowTitle() + " " + tr("Параметры..."));
+    tabs_->setTabText(0, tr("Загрузка"));
+    tabs_->setTabText(1, tr("Интерфейс"));
+    for (std::size_t i = 0; i < std::size(kListButtons); ++i)
+        listButtons_[i]->setText(
+            QCoreApplication::translate("OptionsDialog", kListButtons[i].caption));
+    allButton_->setText(tr("Извлечь всё"));
+    for (const auto& [box, name, caption] : kBoxes)
+        boxes_[static_cast<std::size_t>(box)]->setText(
+            QCoreApplication::translate("OptionsDialog", caption));
+    closeButton_->setText(tr("Закр&ыть"));
+    frame_->setTitle(model_.frameCaption());
+}
+
+void OptionsDialog::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QDialog::changeEvent(event);
 }
 
 // Escape, the close button and the window's own close all end here.

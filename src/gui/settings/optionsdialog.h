@@ -7,6 +7,8 @@
 #include <vector>
 
 class QCheckBox;
+class QComboBox;
+class QLabel;
 class QGroupBox;
 class QPushButton;
 class QTabBar;
@@ -25,9 +27,13 @@ public:
     const session::OptionsModel& model() const { return model_; }
     void done(int result) override;
 
+protected:
+    void changeEvent(QEvent* event) override; // a new language: every text again
+
 private:
     void build();
     void showModel();
+    void retranslate();
 
     session::Session& session_;
     session::OptionsModel model_;
@@ -35,6 +41,10 @@ private:
     QGroupBox* frame_ = nullptr;
     std::array<QCheckBox*, session::kOptionBoxCount> boxes_{};
     std::vector<QPushButton*> listButtons_;
+    QPushButton* allButton_ = nullptr;
+    QPushButton* closeButton_ = nullptr;
+    QLabel* languageLabel_ = nullptr;
+    QComboBox* language_ = nullptr;
     bool closing_ = false;
 };
 

@@ -1,0 +1,274 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="ru_RU">
+<context>
+    <name>Menus</name>
+    <message>
+        <source>Коды &amp;Реакций</source>
+        <translation>&amp;Reaction codes</translation>
+    </message>
+    <message>
+        <source>Коды &amp;Воздействий</source>
+        <translation>&amp;Approach codes</translation>
+    </message>
+    <message>
+        <source>Коды &amp;Триггеров</source>
+        <translation>&amp;Trigger codes</translation>
+    </message>
+    <message>
+        <source>Список &amp;Имен</source>
+        <translation>List of &amp;names</translation>
+    </message>
+    <message>
+        <source>Коды &amp;Предметов</source>
+        <translation>&amp;Item codes</translation>
+    </message>
+    <message>
+        <source>Коды При&amp;немаемых квестов</source>
+        <translation>Codes of &amp;quests received</translation>
+    </message>
+    <message>
+        <source>Коды Завершенных &amp;квестов</source>
+        <translation>Codes of quests &amp;completed</translation>
+    </message>
+    <message>
+        <source>&amp;Файл</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>&amp;Открыть...</source>
+        <translation>&amp;Open...</translation>
+    </message>
+    <message>
+        <source>Созд&amp;ать</source>
+        <translation>&amp;New</translation>
+    </message>
+    <message>
+        <source>&amp;Сохранить</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>Сохранить &amp;как...</source>
+        <translation>Save &amp;as...</translation>
+    </message>
+    <message>
+        <source>В&amp;ыход</source>
+        <translation>E&amp;xit</translation>
+    </message>
+    <message>
+        <source>&amp;Запись</source>
+        <translation>&amp;Record</translation>
+    </message>
+    <message>
+        <source>Перейти к пе&amp;рвой</source>
+        <translation>Go to the &amp;first</translation>
+    </message>
+    <message>
+        <source>Перейти к п&amp;оследней</source>
+        <translation>Go to the &amp;last</translation>
+    </message>
+    <message>
+        <source>С&amp;ледующая</source>
+        <translation>Ne&amp;xt</translation>
+    </message>
+    <message>
+        <source>Пре&amp;дыдущая</source>
+        <translation>&amp;Previous</translation>
+    </message>
+    <message>
+        <source>Удалит&amp;ь стандартно</source>
+        <translation>Wipe to &amp;standard</translation>
+    </message>
+    <message>
+        <source>&amp;Удалить полностью</source>
+        <translation>&amp;Wipe completely</translation>
+    </message>
+    <message>
+        <source>&amp;Копировать</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>Вст&amp;авить</source>
+        <translation>P&amp;aste</translation>
+    </message>
+    <message>
+        <source>От&amp;менить</source>
+        <translation>&amp;Undo</translation>
+    </message>
+    <message>
+        <source>По&amp;вторить</source>
+        <translation>&amp;Redo</translation>
+    </message>
+    <message>
+        <source>&amp;Инструменты</source>
+        <translation>&amp;Tools</translation>
+    </message>
+    <message>
+        <source>&amp;Тип файла</source>
+        <translation>&amp;Layout</translation>
+    </message>
+    <message>
+        <source>&amp;Редактировать</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message>
+        <source>&amp;Обзор</source>
+        <translation>O&amp;verview</translation>
+    </message>
+    <message>
+        <source>&amp;Параметры</source>
+        <translation>&amp;Options</translation>
+    </message>
+    <message>
+        <source>&amp;Коды</source>
+        <translation>&amp;Codes</translation>
+    </message>
+    <message>
+        <source>Помо&amp;щь</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>&amp;Справка</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>&amp;О Программе...</source>
+        <translation>&amp;About...</translation>
+    </message>
+    <message>
+        <source>Выбрать и &amp;Изменить</source>
+        <translation>Choose and &amp;convert</translation>
+    </message>
+    <message>
+        <source>&amp;Текущий</source>
+        <translation>&amp;Current</translation>
+    </message>
+    <message>
+        <source>&amp;Фон Текста</source>
+        <translation>Text &amp;background</translation>
+    </message>
+    <message>
+        <source>&amp;Шрифт Текста</source>
+        <translation>Text &amp;font</translation>
+    </message>
+</context>
+<context>
+    <name>OptionsDialog</name>
+    <message>
+        <source>Запрос перед заменой</source>
+        <translation>Ask before replacing</translation>
+    </message>
+    <message>
+        <source>Ассоциировать файлы *.npc с этой прграммой</source>
+        <translation>Open *.npc files with this program</translation>
+    </message>
+    <message>
+        <source>Блокировать анимацию при закрытие окон</source>
+        <translation>No animation when windows close</translation>
+    </message>
+    <message>
+        <source>Показывать всплывающие подсказки (хинты)</source>
+        <translation>Show tool tips (hints)</translation>
+    </message>
+    <message>
+        <source>Автоматически показывать текущую фразу</source>
+        <translation>Show the current phrase by itself</translation>
+    </message>
+    <message>
+        <source>Определять имя edt-файла при открытии npc-файла</source>
+        <translation>Find the name of the .edt file when an .npc file opens</translation>
+    </message>
+    <message>
+        <source>и сразу загружать если он есть в данной папке</source>
+        <translation>and open it at once if it is in that folder</translation>
+    </message>
+    <message>
+        <source>Помнить путь последнего открытого EDT файла</source>
+        <translation>Remember the path of the last .edt file opened</translation>
+    </message>
+    <message>
+        <source>&amp;Реакций</source>
+        <translation>&amp;Reactions</translation>
+    </message>
+    <message>
+        <source>&amp;Воздействий</source>
+        <translation>&amp;Approaches</translation>
+    </message>
+    <message>
+        <source>&amp;Триггеров</source>
+        <translation>&amp;Triggers</translation>
+    </message>
+    <message>
+        <source>&amp;Предметов</source>
+        <translation>&amp;Items</translation>
+    </message>
+    <message>
+        <source>&amp;Имен</source>
+        <translation>&amp;Names</translation>
+    </message>
+    <message>
+        <source>&amp;Квестов (Принимаемых)</source>
+        <translation>&amp;Quests (received)</translation>
+    </message>
+    <message>
+        <source>Квестов (&amp;Завершенных)</source>
+        <translation>Quests (&amp;completed)</translation>
+    </message>
+</context>
+<context>
+    <name>OptionsModel</name>
+    <message>
+        <source>Разное</source>
+        <translation>Miscellaneous</translation>
+    </message>
+    <message>
+        <source>Извлечь список</source>
+        <translation>Extract a list</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::gui::HelpPanel</name>
+    <message>
+        <source>Л. клик-размер шрифта П. клик-положение</source>
+        <translation>Left click: font size  Right click: alignment</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::gui::MainWindow</name>
+    <message>
+        <source>Новый</source>
+        <translation>New</translation>
+    </message>
+    <message>
+        <source>Выбор записи</source>
+        <translation>Choose a record</translation>
+    </message>
+    <message>
+        <source>П. клик-выделить Дв. клик-редактировать</source>
+        <translation>Right click: pin  Double click: edit</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::gui::OptionsDialog</name>
+    <message>
+        <source>Параметры...</source>
+        <translation>Options...</translation>
+    </message>
+    <message>
+        <source>Загрузка</source>
+        <translation>Loading</translation>
+    </message>
+    <message>
+        <source>Интерфейс</source>
+        <translation>Interface</translation>
+    </message>
+    <message>
+        <source>Извлечь всё</source>
+        <translation>Extract all</translation>
+    </message>
+    <message>
+        <source>Закр&amp;ыть</source>
+        <translation>&amp;Close</translation>
+    </message>
+</context>
+</TS>
