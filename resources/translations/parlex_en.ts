@@ -2,6 +2,100 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="ru_RU">
 <context>
+    <name>DialogPrompts</name>
+    <message>
+        <source>Да</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>Нет</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>Отмена</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>FilePropWindow</name>
+    <message>
+        <source>Файл открыт как</source>
+        <translation>Opened as</translation>
+    </message>
+    <message>
+        <source>Число существующих строк</source>
+        <translation>Phrases with text</translation>
+    </message>
+    <message>
+        <source>Номер первой существующей строки</source>
+        <translation>First phrase with text</translation>
+    </message>
+    <message>
+        <source>Номер последней существующей строки</source>
+        <translation>Last phrase with text</translation>
+    </message>
+    <message>
+        <source>Текущий размер файла на диске</source>
+        <translation>Size on disk</translation>
+    </message>
+    <message>
+        <source>Предпологаемый размер при сохранении</source>
+        <translation>Size after a save</translation>
+    </message>
+    <message>
+        <source>Перейти к началу</source>
+        <translation>Go to the first phrase</translation>
+    </message>
+    <message>
+        <source>Перейти в конец</source>
+        <translation>Go to the last phrase</translation>
+    </message>
+    <message>
+        <source>Следующая строка</source>
+        <translation>Next phrase</translation>
+    </message>
+    <message>
+        <source>Стрелка вправо</source>
+        <translation>Right arrow</translation>
+    </message>
+    <message>
+        <source>Предыдущая строка</source>
+        <translation>Previous phrase</translation>
+    </message>
+    <message>
+        <source>Стрелка влево</source>
+        <translation>Left arrow</translation>
+    </message>
+    <message>
+        <source>Перейти к первой существующей строке</source>
+        <translation>Go to the first phrase with text</translation>
+    </message>
+    <message>
+        <source>Перейти к последней существующей строке</source>
+        <translation>Go to the last phrase with text</translation>
+    </message>
+    <message>
+        <source>Шрифт и фон</source>
+        <translation>Font and background</translation>
+    </message>
+    <message>
+        <source>Сохранить файл как...</source>
+        <translation>Save the file as...</translation>
+    </message>
+    <message>
+        <source>Вызов этого окна</source>
+        <translation>This window</translation>
+    </message>
+    <message>
+        <source>Файл не открыт</source>
+        <translation>No file open</translation>
+    </message>
+    <message>
+        <source>Новый файл</source>
+        <translation>New file</translation>
+    </message>
+</context>
+<context>
     <name>Menus</name>
     <message>
         <source>Коды &amp;Реакций</source>
@@ -227,6 +321,142 @@
     </message>
 </context>
 <context>
+    <name>SpeechPane</name>
+    <message>
+        <source>Открыть</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Открыть EDT файл...</source>
+        <translation>Open a speech file (.edt)...</translation>
+    </message>
+    <message>
+        <source>Создать</source>
+        <translation>New</translation>
+    </message>
+    <message>
+        <source>Создать EDT файл (Диалоги НПЦ)</source>
+        <translation>New speech file (NPC dialogues)</translation>
+    </message>
+    <message>
+        <source>Сохранить</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Сохранить EDT файл</source>
+        <translation>Save the speech file</translation>
+    </message>
+    <message>
+        <source>Текст</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Раскомпилировать (!!!только для (НПЦ).*EDT)</source>
+        <translation>Decompile (NPC dialogues only)</translation>
+    </message>
+    <message>
+        <source>Перейти к началу</source>
+        <translation>Go to the first phrase</translation>
+    </message>
+    <message>
+        <source>Предыдущая фраза</source>
+        <translation>Previous phrase</translation>
+    </message>
+    <message>
+        <source>Следующая фраза</source>
+        <translation>Next phrase</translation>
+    </message>
+    <message>
+        <source>Перейти в конец</source>
+        <translation>Go to the last phrase</translation>
+    </message>
+    <message>
+        <source>Информация о файле</source>
+        <translation>About the file</translation>
+    </message>
+    <message>
+        <source>Комменнтарии НПЦ</source>
+        <translation>NPC remarks</translation>
+    </message>
+    <message>
+        <source>Диалоги Гражданских</source>
+        <translation>Civilian dialogues</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::gui::CaptionWarning</name>
+    <message>
+        <source>(Автозагрузка: Файл %1 - не найден)</source>
+        <translation>(Open with the script: file %1 not found)</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::gui::EditDialog</name>
+    <message>
+        <source>Выбор байта</source>
+        <translation>Field</translation>
+    </message>
+    <message>
+        <source>(Максимум 65535)</source>
+        <translation>(Maximum 65535)</translation>
+    </message>
+    <message>
+        <source>&amp;Заменить</source>
+        <translation>&amp;Replace</translation>
+    </message>
+    <message>
+        <source>&amp;Применить</source>
+        <translation>&amp;Apply</translation>
+    </message>
+    <message>
+        <source>Закр&amp;ыть</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Ошибка при обновлении записи</source>
+        <translation>The record could not be updated</translation>
+    </message>
+    <message>
+        <source>Л. Клик-вставить; П. Клик-копировать в буфер</source>
+        <translation>Left click: enter it; right click: copy it</translation>
+    </message>
+    <message>
+        <source>Смотреть коды</source>
+        <translation>Show the codes</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::gui::FontChooser</name>
+    <message>
+        <source>Шрифт</source>
+        <translation>Font</translation>
+    </message>
+    <message>
+        <source>Жирный</source>
+        <translation>Bold</translation>
+    </message>
+    <message>
+        <source>Курсив</source>
+        <translation>Italic</translation>
+    </message>
+    <message>
+        <source>ОК</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Отмена</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Шрифт:</source>
+        <translation>Font:</translation>
+    </message>
+    <message>
+        <source>Размер (%1-%2):</source>
+        <translation>Size (%1-%2):</translation>
+    </message>
+</context>
+<context>
     <name>parlex::gui::HelpPanel</name>
     <message>
         <source>Л. клик-размер шрифта П. клик-положение</source>
@@ -246,6 +476,22 @@
     <message>
         <source>П. клик-выделить Дв. клик-редактировать</source>
         <translation>Right click: pin  Double click: edit</translation>
+    </message>
+    <message>
+        <source>Не удается открыть файл справки %1
+Нет программы для просмотра HTML-файлов (нужны xdg-utils и браузер)</source>
+        <translation>The help file %1 cannot be opened
+There is no program to show HTML files (xdg-utils and a browser are needed)</translation>
+    </message>
+    <message>
+        <source>Не удается найти файл справки Parlex.html
+Этот файл должен быть в папке с запускаемой програмой</source>
+        <translation>The help file Parlex.html cannot be found
+It must be in the folder of the program</translation>
+    </message>
+    <message>
+        <source>Редактор скриптов и речи НПЦ Jagged Alliance 2 и Unfinished Business</source>
+        <translation>An editor of the NPC scripts and speech of Jagged Alliance 2 and Unfinished Business</translation>
     </message>
 </context>
 <context>
@@ -269,6 +515,56 @@
     <message>
         <source>Закр&amp;ыть</source>
         <translation>&amp;Close</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::gui::OverviewPane</name>
+    <message>
+        <source>Обзор</source>
+        <translation>Overview</translation>
+    </message>
+    <message>
+        <source>Записи</source>
+        <translation>Records</translation>
+    </message>
+    <message>
+        <source>Фразы</source>
+        <translation>Phrases</translation>
+    </message>
+    <message>
+        <source>Сохранить обзор...</source>
+        <translation>Save the overview...</translation>
+    </message>
+    <message>
+        <source>Найти слова...</source>
+        <translation>Find words...</translation>
+    </message>
+    <message>
+        <source>только с ошибками</source>
+        <translation>only with errors</translation>
+    </message>
+    <message>
+        <source>все фразы</source>
+        <translation>every phrase</translation>
+    </message>
+    <message>
+        <source>и пустые</source>
+        <translation>empty ones too</translation>
+    </message>
+    <message>
+        <source>Копировать</source>
+        <translation>Copy</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::gui::SpeechPane</name>
+    <message>
+        <source>Файл не открыт!</source>
+        <translation>No file open!</translation>
+    </message>
+    <message>
+        <source>Новый</source>
+        <translation>New</translation>
     </message>
 </context>
 </TS>

@@ -54,7 +54,8 @@ EditDialog::EditDialog(session::Session& session, session::UserPrompts& prompts,
     connect(&session_.document(), &session::ScriptDocument::replaced, this, &QDialog::reject);
     takeListPosition();
     for (int row = 0; row < static_cast<int>(editableFields().size()); ++row)
-        list_->addItem(q(entry::rowText(editableFields()[static_cast<std::size_t>(row)])));
+        list_->addItem(q(entry::rowText(editableFields()[static_cast<std::size_t>(row)],
+                                        session_.options().language)));
     list_->setMinimumHeight(list_->sizeHintForRow(0) * 14);
     {
         const QSignalBlocker busy(list_); // the first choice is the program's, made once
@@ -68,7 +69,7 @@ EditDialog::EditDialog(session::Session& session, session::UserPrompts& prompts,
 }
 
 void EditDialog::build() {
-    auto* frame1 = new QGroupBox("Выбор байта", this);
+    auto* frame1 = new QGroupBox(tr("Выбор байта"), this);
     frame1->setObjectName("Frame1");
     list_ = new QListWidget(frame1);
     list_->setObjectName("List");
@@ -126,7 +127,7 @@ void EditDialog::build() {
     encoded_->setAlignment(Qt::AlignCenter);
     encoded_->setMinimumWidth(fontMetrics().horizontalAdvance("WWWWWW"));
     setTextColour(encoded_, QPalette::Window, kEncodedBack);
-    maxWord_ = new QLabel("(Максимум 65535)", frame3);
+    maxWord_ = new QLabel(tr("(Максимум 65535)"), frame3);
     maxWord_->setObjectName("Lbl4");
     maxByte_ = new QLabel("(255)", frame3);
     maxByte_->setObjectName("Lbl5");
@@ -137,11 +138,11 @@ void EditDialog::build() {
     encodeLayout->addWidget(maxByte_, 1, 1);
     encodeLayout->addWidget(encoded_, 0, 2, 2, 1);
 
-    replace_ = new QPushButton("&Заменить", this);
+    replace_ = new QPushButton(tr("&Заменить"), this);
     replace_->setObjectName("Com1");
-    apply_ = new QPushButton("&Применить", this);
+    apply_ = new QPushButton(tr("&Применить"), this);
     apply_->setObjectName("Com2");
-    close_ = new QPushButton("Закр&ыть", this);
+    close_ = new QPushButton(tr("Закр&ыть"), this);
     close_->setObjectName("Com3");
     for (QPushButton* button : {replace_, apply_, close_})
         button->setAutoDefault(false); // Enter belongs to the entry: it encodes
@@ -257,7 +258,7 @@ void EditDialog::apply() {
         return;
     if (!editor_.apply()) {
         prompts_.message(session::UserPrompts::Icon::Critical, kMessageTitle,
-                         "Ошибка при обновлении записи");
+                         tr("Ошибка при обновлении записи"));
         reject();
         return;
     }
@@ -313,7 +314,7 @@ void EditDialog::hoverMaximum(QLabel* label, FieldWidth mode) {
     const bool active = editor_.offeredMaximum(mode).has_value();
     setTextColour(label, QPalette::WindowText,
                   active ? kOffered : QApplication::palette().color(QPalette::ButtonText));
-    label->setToolTip(active ? "Л. Клик-вставить; П. Клик-копировать в буфер" : QString());
+    label->setToolTip(active ? tr("Л. Клик-вставить; П. Клик-копировать в буфер") : QString());
 }
 
 void EditDialog::resetHover(bool imageBorder) {
@@ -389,7 +390,7 @@ bool EditDialog::eventFilter(QObject* watched, QEvent* event) {
             hoverMaximum(maxByte_, FieldWidth::Byte);
         else if (watched == image_) {
             resetHover(true);
-            image_->setToolTip(session_.options().toolTips ? "Смотреть коды" : QString());
+            image_->setToolTip(session_.options().toolTips ? tr("Смотреть коды") : QString());
         } else
             resetHover(false);
         return false;

@@ -27,7 +27,8 @@ void CaptionWarning::start(const QString& missingName) {
 
 void CaptionWarning::tick() {
     if (window_->windowTitle() == bare_) {
-        window_->setWindowTitle(bare_ + "    (Автозагрузка: Файл " + name_ + " - не найден)");
+        window_->setWindowTitle(bare_ + "    " +
+                                tr("(Автозагрузка: Файл %1 - не найден)").arg(name_));
         ++count_;
     } else {
         window_->setWindowTitle(bare_);

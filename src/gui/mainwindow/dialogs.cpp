@@ -47,19 +47,20 @@ void MainWindow::openHelp() {
         const QString file = session::pathText(path);
         if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file)))
             prompts_.message(Icon::Exclamation, kTitle,
-                             "Не удается открыть файл справки " + file +
-                                 "\nНет программы для просмотра HTML-файлов "
-                                 "(нужны xdg-utils и браузер)");
+                             tr("Не удается открыть файл справки %1\nНет программы для "
+                                "просмотра HTML-файлов (нужны xdg-utils и браузер)")
+                                 .arg(file));
         return;
     }
     prompts_.message(Icon::Exclamation, kTitle,
-                     "Не удается найти файл справки Parlex.html\n"
-                     "Этот файл должен быть в папке с запускаемой програмой");
+                     tr("Не удается найти файл справки Parlex.html\n"
+                        "Этот файл должен быть в папке с запускаемой програмой"));
 }
 
 void MainWindow::showAbout() {
-    prompts_.about(kTitle, "Parlex (v." PARLEX_VERSION ")\nРедактор скриптов и речи НПЦ "
-                           "Jagged Alliance 2 и Unfinished Business");
+    prompts_.about(kTitle, "Parlex (v." PARLEX_VERSION ")\n" +
+                               tr("Редактор скриптов и речи НПЦ Jagged Alliance 2 и Unfinished "
+                                  "Business"));
 }
 
 } // namespace parlex::gui

@@ -51,7 +51,7 @@ private:
 
 OverviewPane::OverviewPane(session::Session& session, session::UserPrompts& prompts,
                            QWidget* parent)
-    : QDockWidget("Обзор", parent), session_(session),
+    : QDockWidget(parent), session_(session),
       overview_(
           new session::Overview(session.document(), session.speech(), session.codeLists(), this)),
       recordFilter_(new session::OverviewFilter(this)),
@@ -64,15 +64,15 @@ OverviewPane::OverviewPane(session::Session& session, session::UserPrompts& prom
     phraseView_->setObjectName("OverviewPhrases");
     auto* tabs = new QTabWidget(this);
     tabs->setObjectName("OverviewTabs");
-    tabs->addTab(makeTab(recordView_, recordFilter_, "OverviewRecords"), "Записи");
-    tabs->addTab(makeTab(phraseView_, phraseFilter_, "OverviewPhrases"), "Фразы");
+    tabs->addTab(makeTab(recordView_, recordFilter_, "OverviewRecords"), QString());
+    tabs->addTab(makeTab(phraseView_, phraseFilter_, "OverviewPhrases"), QString());
     auto* save = new QToolButton(tabs);
     save->setObjectName("OverviewSave");
-    save->setText("Сохранить обзор...");
     save->setAutoRaise(true);
     tabs->setCornerWidget(save);
     connect(save, &QToolButton::clicked, this, [this, &prompts] { overview_->saveHtml(prompts); });
     setWidget(tabs);
+    retranslate();
 
     connect(recordView_, &QTableView::activated, this, &OverviewPane::showRecord);
     connect(recordView_, &QTableView::clicked, this, &OverviewPane::showRecord);
@@ -93,6 +93,27 @@ OverviewPane::OverviewPane(session::Session& session, session::UserPrompts& prom
 }
 
 OverviewPane::~OverviewPane() = default;
+
+void OverviewPane::retranslate() {
+    setWindowTitle(tr("Обзор"));
+    auto* tabs = findChild<QTabWidget*>("OverviewTabs");
+    tabs->setTabText(0, tr("Записи"));
+    tabs->setTabText(1, tr("Фразы"));
+    findChild<QToolButton*>("OverviewSave")->setText(tr("Сохранить обзор..."));
+    for (const QString name : {"OverviewRecords", "OverviewPhrases"}) {
+        findChild<QLineEdit*>(name + "Find")->setPlaceholderText(tr("Найти слова..."));
+        findChild<QCheckBox*>(name + "Marked")->setText(tr("только с ошибками"));
+        findChild<QCheckBox*>(name + "All")
+            ->setText(name == "OverviewPhrases" ? tr("все фразы") : tr("и пустые"));
+        findChild<QAction*>(name + "Copy")->setText(tr("Копировать"));
+    }
+}
+
+void OverviewPane::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QDockWidget::changeEvent(event);
+}
 
 int OverviewPane::tab() const {
     return findChild<QTabWidget*>("OverviewTabs")->currentIndex();
@@ -122,13 +143,12 @@ QWidget* OverviewPane::makeTab(QTableView* view, session::OverviewFilter* filter
     auto* row = new QHBoxLayout;
     auto* words = new QLineEdit(page);
     words->setObjectName(name + "Find");
-    words->setPlaceholderText("Найти слова...");
     words->setClearButtonEnabled(false);
-    auto* marked = new QCheckBox("только с ошибками", page);
+    auto* marked = new QCheckBox(page);
     marked->setObjectName(name + "Marked");
     // Empty records, or every phrase of the file, on demand.
     const bool phrases = filter == phraseFilter_;
-    auto* whole = new QCheckBox(phrases ? "все фразы" : "и пустые", page);
+    auto* whole = new QCheckBox(page);
     whole->setObjectName(name + "All");
     row->addWidget(words, 1);
     row->addWidget(marked);
@@ -151,7 +171,7 @@ QWidget* OverviewPane::makeTab(QTableView* view, session::OverviewFilter* filter
     setColumnWidths(view, filter == phraseFilter_ ? std::vector{50, 360, 60}
                                                   : std::vector{50, 260, 200, 220});
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    auto* copy = new QAction("Копировать", view);
+    auto* copy = new QAction(view);
     copy->setObjectName(name + "Copy");
     copy->setShortcut(QKeySequence::Copy);
     copy->setShortcutContext(Qt::WidgetShortcut);

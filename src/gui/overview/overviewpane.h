@@ -35,7 +35,11 @@ public:
     std::vector<int> columnWidths(QTableView* view) const;
     void setColumnWidths(QTableView* view, const std::vector<int>& widths);
 
+protected:
+    void changeEvent(QEvent* event) override; // a new language: every text again
+
 private:
+    void retranslate();
     QWidget* makeTab(QTableView* view, session::OverviewFilter* filter, const QString& name);
     void showRecord(const QModelIndex& index);
     void showPhrase(const QModelIndex& index, bool record);

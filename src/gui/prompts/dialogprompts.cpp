@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -29,10 +30,11 @@ UserPrompts::Answer DialogPrompts::question(const QString& title, const QString&
     if (withCancel)
         buttons |= QMessageBox::Cancel;
     QMessageBox box(QMessageBox::Question, title, text, buttons, parent_);
-    box.button(QMessageBox::Yes)->setText("Да");
-    box.button(QMessageBox::No)->setText("Нет");
+    box.button(QMessageBox::Yes)->setText(QCoreApplication::translate("DialogPrompts", "Да"));
+    box.button(QMessageBox::No)->setText(QCoreApplication::translate("DialogPrompts", "Нет"));
     if (withCancel)
-        box.button(QMessageBox::Cancel)->setText("Отмена");
+        box.button(QMessageBox::Cancel)
+            ->setText(QCoreApplication::translate("DialogPrompts", "Отмена"));
     switch (box.exec()) {
     case QMessageBox::Yes:
         return Answer::Yes;

@@ -12,7 +12,7 @@ namespace parlex::gui {
 
 FontChooser::FontChooser(const TextFont& font, double minSize, double maxSize, QWidget* parent)
     : QDialog(parent) {
-    setWindowTitle("Шрифт");
+    setWindowTitle(tr("Шрифт"));
     family_ = new QFontComboBox(this);
     family_->setObjectName("FontFamily");
     family_->setCurrentFont(QFont(QString::fromStdString(font.family)));
@@ -21,24 +21,24 @@ FontChooser::FontChooser(const TextFont& font, double minSize, double maxSize, Q
     size_->setRange(minSize, maxSize);
     size_->setDecimals(2);
     size_->setValue(font.pointSize);
-    bold_ = new QCheckBox("Жирный", this);
+    bold_ = new QCheckBox(tr("Жирный"), this);
     bold_->setObjectName("FontBold");
     bold_->setChecked(font.bold);
-    italic_ = new QCheckBox("Курсив", this);
+    italic_ = new QCheckBox(tr("Курсив"), this);
     italic_->setObjectName("FontItalic");
     italic_->setChecked(font.italic);
     sample_ = new QLabel("АаБбВв AaBbYyZz", this);
     sample_->setMinimumHeight(40);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setText("ОК");
-    buttons->button(QDialogButtonBox::Cancel)->setText("Отмена");
+    buttons->button(QDialogButtonBox::Ok)->setText(tr("ОК"));
+    buttons->button(QDialogButtonBox::Cancel)->setText(tr("Отмена"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto* form = new QFormLayout(this);
-    form->addRow("Шрифт:", family_);
-    form->addRow(QString("Размер (%1-%2):").arg(minSize).arg(maxSize), size_);
+    form->addRow(tr("Шрифт:"), family_);
+    form->addRow(tr("Размер (%1-%2):").arg(minSize).arg(maxSize), size_);
     form->addRow(bold_);
     form->addRow(italic_);
     form->addRow(sample_);

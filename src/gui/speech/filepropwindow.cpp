@@ -5,6 +5,7 @@
 #include "gui/app/placement.h"
 #include "session/speechdocument.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -34,31 +35,41 @@ struct Row {
 };
 constexpr Row kRows[] = {
     {80, nullptr, -1, 0, nullptr},
-    {260, "Файл открыт как", 0, 255, nullptr},
-    {460, "Число существующих строк", 1, 455, nullptr},
-    {660, "Номер первой существующей строки", 2, 655, nullptr},
-    {860, "Номер последней существующей строки", 3, 855, nullptr},
-    {1060, "Текущий размер файла на диске", 4, 1055, nullptr},
-    {1260, "Предпологаемый размер при сохранении", 5, 1255, nullptr},
+    {260, QT_TRANSLATE_NOOP("FilePropWindow", "Файл открыт как"), 0, 255, nullptr},
+    {460, QT_TRANSLATE_NOOP("FilePropWindow", "Число существующих строк"), 1, 455, nullptr},
+    {660, QT_TRANSLATE_NOOP("FilePropWindow", "Номер первой существующей строки"), 2, 655, nullptr},
+    {860, QT_TRANSLATE_NOOP("FilePropWindow", "Номер последней существующей строки"), 3, 855,
+     nullptr},
+    {1060, QT_TRANSLATE_NOOP("FilePropWindow", "Текущий размер файла на диске"), 4, 1055, nullptr},
+    {1260, QT_TRANSLATE_NOOP("FilePropWindow", "Предпологаемый размер при сохранении"), 5, 1255,
+     nullptr},
     {1520, nullptr, -1, 0, nullptr},
     {1720, "Hot Keys:", 6, 1720, "NumPad ..."},
-    {1920, "Перейти к началу", 7, 1920, "Home"},
-    {2120, "Перейти в конец", 8, 2120, "End"},
-    {2320, "Следующая строка", 9, 2320, "Стрелка вправо"},
-    {2520, "Предыдущая строка", 10, 2520, "Стрелка влево"},
-    {2720, "Перейти к первой существующей строке", 11, 2720, "Page Down"},
-    {2920, "Перейти к последней существующей строке", 12, 2920, "Page Up"},
+    {1920, QT_TRANSLATE_NOOP("FilePropWindow", "Перейти к началу"), 7, 1920, "Home"},
+    {2120, QT_TRANSLATE_NOOP("FilePropWindow", "Перейти в конец"), 8, 2120, "End"},
+    {2320, QT_TRANSLATE_NOOP("FilePropWindow", "Следующая строка"), 9, 2320,
+     QT_TRANSLATE_NOOP("FilePropWindow", "Стрелка вправо")},
+    {2520, QT_TRANSLATE_NOOP("FilePropWindow", "Предыдущая строка"), 10, 2520,
+     QT_TRANSLATE_NOOP("FilePropWindow", "Стрелка влево")},
+    {2720, QT_TRANSLATE_NOOP("FilePropWindow", "Перейти к первой существующей строке"), 11, 2720,
+     "Page Down"},
+    {2920, QT_TRANSLATE_NOOP("FilePropWindow", "Перейти к последней существующей строке"), 12, 2920,
+     "Page Up"},
     {3160, nullptr, -1, 0, nullptr},
-    {3320, "Шрифт и фон", 13, 3320, "Ctrl+F3"},
-    {3520, "Сохранить файл как...", 14, 3520, "Ctrl+F2"},
-    {3720, "Вызов этого окна", 15, 3720, "Ctrl+F1"},
+    {3320, QT_TRANSLATE_NOOP("FilePropWindow", "Шрифт и фон"), 13, 3320, "Ctrl+F3"},
+    {3520, QT_TRANSLATE_NOOP("FilePropWindow", "Сохранить файл как..."), 14, 3520, "Ctrl+F2"},
+    {3720, QT_TRANSLATE_NOOP("FilePropWindow", "Вызов этого окна"), 15, 3720, "Ctrl+F1"},
 };
+
+QString translated(const char* text) {
+    return QCoreApplication::translate("FilePropWindow", text);
+}
 
 QString caption(const session::SpeechDocument& speech) {
     if (!speech.file())
-        return "Файл не открыт";
+        return translated(QT_TRANSLATE_NOOP("FilePropWindow", "Файл не открыт"));
     if (speech.isNew())
-        return "Новый файл";
+        return translated(QT_TRANSLATE_NOOP("FilePropWindow", "Новый файл"));
     return QString::fromStdString(speech.file()->title());
 }
 
@@ -76,7 +87,7 @@ FilePropWindow::FilePropWindow(const session::SpeechDocument& speech, bool shrin
     // The layout's rows are 200 twips apart; a taller font spreads the whole window.
     scale_ = std::max(1.0, (QFontMetrics(bold).height() + 1) * kTwipsPerPixel / double(kRowStep));
 
-    const EdtSummary s = summarize(speech.file());
+    const EdtSummary s = summarize(speech.file(), speech.options().language);
     const std::string values[] = {s.kindText, s.countText,      s.firstText,
                                   s.lastText, s.sizeOnDiskText, s.sizeAfterSaveText};
     labels_.resize(16);
@@ -86,11 +97,11 @@ FilePropWindow::FilePropWindow(const session::SpeechDocument& speech, bool shrin
         auto* label = new QLabel(this);
         label->setObjectName("Lbl" + QString::number(row.label));
         label->setFont(bold);
-        label->setText(row.keyText ? QString(row.keyText)
+        label->setText(row.keyText ? translated(row.keyText)
                                    : QString::fromStdString(values[row.label]));
         label->adjustSize();
         // The caption beside it is painted, not a widget: a screen reader hears it here.
-        label->setAccessibleDescription(row.text);
+        label->setAccessibleDescription(translated(row.text));
         label->move(px(kLabelLeft), px(row.labelTop));
         label->installEventFilter(this); // a click on a label closes the window too
         labels_[static_cast<std::size_t>(row.label)] = label;
@@ -116,7 +127,8 @@ void FilePropWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const int ascent = fontMetrics().ascent();
     for (const Row& row : kRows)
-        painter.drawText(px(kTextLeft), px(row.y) + ascent, row.text ? QString(row.text) : kStars);
+        painter.drawText(px(kTextLeft), px(row.y) + ascent,
+                         row.text ? translated(row.text) : kStars);
 }
 
 // A key that types something closes the window (Enter and Escape among them); an

@@ -6,6 +6,7 @@
 #include "session/speechdocument.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
@@ -22,6 +23,34 @@ using Step = session::SpeechDocument::Step;
 
 const QColor kOverLimit{255, 0, 0};
 constexpr int kPathSpare = 20; // pixels kept free beside the path in its panel
+
+// The tool bar's captions and tool tips by the buttons' keys.
+struct ButtonText {
+    const char* key;
+    const char* label;
+    const char* tip;
+};
+constexpr ButtonText kButtonTexts[] = {
+    {"Open", QT_TRANSLATE_NOOP("SpeechPane", "Открыть"),
+     QT_TRANSLATE_NOOP("SpeechPane", "Открыть EDT файл...")},
+    {"New", QT_TRANSLATE_NOOP("SpeechPane", "Создать"),
+     QT_TRANSLATE_NOOP("SpeechPane", "Создать EDT файл (Диалоги НПЦ)")},
+    {"SaveAs", QT_TRANSLATE_NOOP("SpeechPane", "Сохранить"),
+     QT_TRANSLATE_NOOP("SpeechPane", "Сохранить EDT файл")},
+    {"Print", QT_TRANSLATE_NOOP("SpeechPane", "Текст"),
+     QT_TRANSLATE_NOOP("SpeechPane", "Раскомпилировать (!!!только для (НПЦ).*EDT)")},
+    {"Home", "|<", QT_TRANSLATE_NOOP("SpeechPane", "Перейти к началу")},
+    {"Back", "<", QT_TRANSLATE_NOOP("SpeechPane", "Предыдущая фраза")},
+    {"Next", ">", QT_TRANSLATE_NOOP("SpeechPane", "Следующая фраза")},
+    {"End", ">|", QT_TRANSLATE_NOOP("SpeechPane", "Перейти в конец")},
+    {"Info", "i", QT_TRANSLATE_NOOP("SpeechPane", "Информация о файле")},
+    {"New_Rem", QT_TRANSLATE_NOOP("SpeechPane", "Комменнтарии НПЦ"), ""},
+    {"New_Civ", QT_TRANSLATE_NOOP("SpeechPane", "Диалоги Гражданских"), ""},
+};
+
+QString translated(const char* text) {
+    return *text ? QCoreApplication::translate("SpeechPane", text) : QString();
+}
 
 } // namespace
 
@@ -48,32 +77,27 @@ SpeechPane::SpeechPane(session::SpeechDocument& speech, QWidget* parent)
     row->setSpacing(1);
     const struct {
         const char* key;
-        const char* label;
-        const char* tip;
         std::function<void()> run;
     } buttons[] = {
-        {"Open", "Открыть", "Открыть EDT файл...", [this] { speech_.open(); }},
-        {"New", "Создать", "Создать EDT файл (Диалоги НПЦ)",
-         [this] { speech_.newDocument(EdtKind::NpcDialogues); }},
-        {"SaveAs", "Сохранить", "Сохранить EDT файл", [this] { speech_.save(); }},
-        {"Print", "Текст", "Раскомпилировать (!!!только для (НПЦ).*EDT)",
-         [this] { speech_.decompile(); }},
-        {nullptr, nullptr, nullptr, {}},
-        {"Home", "|<", "Перейти к началу", [this] { speech_.step(Step::Home); }},
-        {"Back", "<", "Предыдущая фраза", [this] { speech_.step(Step::Back); }},
-        {"Next", ">", "Следующая фраза", [this] { speech_.step(Step::Next); }},
-        {"End", ">|", "Перейти в конец", [this] { speech_.step(Step::End); }},
-        {nullptr, nullptr, nullptr, {}},
-        {"Info", "i", "Информация о файле", [this] { showProperties(); }},
+        {"Open", [this] { speech_.open(); }},
+        {"New", [this] { speech_.newDocument(EdtKind::NpcDialogues); }},
+        {"SaveAs", [this] { speech_.save(); }},
+        {"Print", [this] { speech_.decompile(); }},
+        {nullptr, {}},
+        {"Home", [this] { speech_.step(Step::Home); }},
+        {"Back", [this] { speech_.step(Step::Back); }},
+        {"Next", [this] { speech_.step(Step::Next); }},
+        {"End", [this] { speech_.step(Step::End); }},
+        {nullptr, {}},
+        {"Info", [this] { showProperties(); }},
     };
     for (const auto& b : buttons) {
         if (!b.key) {
             row->addSpacing(6);
             continue;
         }
-        auto* action = new QAction(b.label, bar);
+        auto* action = new QAction(bar);
         action->setObjectName(QString("TBar_") + b.key);
-        action->setToolTip(b.tip);
         connect(action, &QAction::triggered, this, b.run);
         auto* button = new QToolButton(bar);
         button->setDefaultAction(action);
@@ -82,19 +106,16 @@ SpeechPane::SpeechPane(session::SpeechDocument& speech, QWidget* parent)
         row->addWidget(button);
         if (QString(b.key) == "New") { // the other two kinds in its drop-down
             auto* kinds = new QMenu(button);
-            kinds
-                ->addAction("Комменнтарии НПЦ", this,
-                            [this] { speech_.newDocument(EdtKind::Remarks); })
+            kinds->addAction(QString(), this, [this] { speech_.newDocument(EdtKind::Remarks); })
                 ->setObjectName("TBar_New_Rem");
-            kinds
-                ->addAction("Диалоги Гражданских", this,
-                            [this] { speech_.newDocument(EdtKind::Civilian); })
+            kinds->addAction(QString(), this, [this] { speech_.newDocument(EdtKind::Civilian); })
                 ->setObjectName("TBar_New_Civ");
             button->setMenu(kinds);
             button->setPopupMode(QToolButton::MenuButtonPopup);
         }
     }
     row->addStretch(1);
+    retranslate();
     // Narrower than its buttons the pane would clip their captions.
     setMinimumWidth(std::max(minimumWidth(), bar->sizeHint().width()));
 
@@ -108,7 +129,31 @@ SpeechPane::SpeechPane(session::SpeechDocument& speech, QWidget* parent)
     using D = session::SpeechDocument;
     connect(&speech_, &D::documentReplaced, this, &SpeechPane::showDocument);
     connect(&speech_, &D::phraseShown, this, &SpeechPane::showPhrase);
-    connect(&speech_, &D::notOpen, this, [this] { status_->setText(3, "Файл не открыт!"); });
+    connect(&speech_, &D::notOpen, this, [this] {
+        notOpenShown_ = true;
+        status_->setText(3, tr("Файл не открыт!"));
+    });
+}
+
+void SpeechPane::retranslate() {
+    for (const ButtonText& t : kButtonTexts) {
+        if (QAction* action = button(t.key)) {
+            action->setText(translated(t.label)); // the step arrows have no translation
+            action->setToolTip(translated(t.tip));
+        }
+    }
+    if (notOpenShown_ && !speech_.file())
+        status_->setText(3, tr("Файл не открыт!"));
+    showPath();
+}
+
+void SpeechPane::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange) {
+        retranslate();
+        const auto* bar = findChild<QWidget*>("TBar");
+        setMinimumWidth(std::max(257, bar ? bar->sizeHint().width() : 0));
+    }
+    QWidget::changeEvent(event);
 }
 
 QAction* SpeechPane::button(const QString& key) const {
@@ -168,7 +213,7 @@ void SpeechPane::showPath() {
     if (!file)
         return;
     if (file->isNew()) {
-        status_->setText(3, "Новый");
+        status_->setText(3, tr("Новый"));
         return;
     }
     status_->setPath(3, file->path(), kPathSpare);

@@ -31,8 +31,10 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override; // a new language: every text again
 
 private:
+    void retranslate();
     void showDocument();
     void showPhrase();
     void showCounters();
@@ -43,6 +45,7 @@ private:
     session::SpeechDocument& speech_;
     QPlainTextEdit* text_;
     StatusPanels* status_;
+    bool notOpenShown_ = false; // the path panel tells that no speech file is open
 };
 
 } // namespace parlex::gui
