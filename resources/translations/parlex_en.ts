@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="ru_RU">
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>PARLEX - ОШИБКА ЗАГРУЗКИ</source>
+        <translation>PARLEX - CANNOT OPEN</translation>
+    </message>
+</context>
+<context>
     <name>DialogPrompts</name>
     <message>
         <source>Да</source>
@@ -321,6 +328,145 @@
     </message>
 </context>
 <context>
+    <name>Overview</name>
+    <message>
+        <source>(пустая)</source>
+        <translation>(empty)</translation>
+    </message>
+    <message>
+        <source>Запись</source>
+        <translation>Record</translation>
+    </message>
+    <message>
+        <source>Когда</source>
+        <translation>When</translation>
+    </message>
+    <message>
+        <source>Что делает</source>
+        <translation>What it does</translation>
+    </message>
+    <message>
+        <source>Говорит</source>
+        <translation>Says</translation>
+    </message>
+    <message>
+        <source>Замечания</source>
+        <translation>Remarks</translation>
+    </message>
+    <message>
+        <source>(нет в файле)</source>
+        <translation>(not in the file)</translation>
+    </message>
+    <message>
+        <source>Фраза</source>
+        <translation>Phrase</translation>
+    </message>
+    <message>
+        <source>Текст</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Длина</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>Говорят записи</source>
+        <translation>Spoken by records</translation>
+    </message>
+</context>
+<context>
+    <name>ScriptFlows</name>
+    <message>
+        <source>все файлы (*.*)</source>
+        <translation>all files (*.*)</translation>
+    </message>
+    <message>
+        <source>Сохранть новый NPC файл?</source>
+        <translation>Save the new script?</translation>
+    </message>
+    <message>
+        <source>Сохранть %1 ?</source>
+        <translation>Save %1?</translation>
+    </message>
+    <message>
+        <source>ОТКРЫТИЕ NPC ФАЙЛА</source>
+        <translation>OPEN A SCRIPT (.NPC)</translation>
+    </message>
+    <message>
+        <source>Файл
+%1
+изменён другой программой после загрузки.
+Заменить его содержимым редактора?</source>
+        <translation>The file
+%1
+was changed by another program after it was loaded.
+Replace it with what the editor holds?</translation>
+    </message>
+    <message>
+        <source>СОХРАНИТЬ NPC ФАЙЛ КАК...</source>
+        <translation>SAVE THE SCRIPT AS...</translation>
+    </message>
+    <message>
+        <source>Все файлы</source>
+        <translation>All files</translation>
+    </message>
+    <message>
+        <source>ИЗМЕНЕНИЕ ФОРМАТА NPC ФАЙЛА</source>
+        <translation>CONVERT A SCRIPT TO THE OTHER LAYOUT</translation>
+    </message>
+    <message>
+        <source>ТЕКУЩИЙ ТИП NPC ФАЙЛА JA2:АВ (БУКА). СОХРАНИТЬ КАК...</source>
+        <translation>THE SCRIPT IS IN THE LAYOUT OF THE RUSSIAN RELEASE (BUKA). SAVE AS...</translation>
+    </message>
+    <message>
+        <source>ТЕКУЩИЙ ТИП NPC ФАЙЛА JA2:ENG., JA2UB:ENG. &amp; RUS. СОХРАНИТЬ КАК...</source>
+        <translation>THE SCRIPT IS IN THE LAYOUT OF JA2 ENGLISH, JA2UB ENGLISH &amp; RUSSIAN. SAVE AS...</translation>
+    </message>
+    <message>
+        <source>Преобразовать всё равно?</source>
+        <translation>Convert it all the same?</translation>
+    </message>
+    <message>
+        <source>Формат файла
+%1 был изменен.
+Загрузить файл заново?</source>
+        <translation>The layout of the file
+%1 was changed.
+Load the file again?</translation>
+    </message>
+    <message>
+        <source>Текущий файл...</source>
+        <translation>The open script...</translation>
+    </message>
+</context>
+<context>
+    <name>SpeechDocument</name>
+    <message>
+        <source>Диалоги НПЦ (&lt;3номера&gt;.EDT)</source>
+        <translation>NPC dialogues (&lt;3 digits&gt;.EDT)</translation>
+    </message>
+    <message>
+        <source>Гражд.(&lt;CIV+2н.&gt;.EDTили &lt;сектор&gt;.EDT)</source>
+        <translation>Civilian (&lt;CIV+2 digits&gt;.EDT or &lt;sector&gt;.EDT)</translation>
+    </message>
+    <message>
+        <source>Комменнтарии НПЦ (&lt;D_+3номера&gt;.EDT)</source>
+        <translation>NPC remarks (&lt;D_+3 digits&gt;.EDT)</translation>
+    </message>
+    <message>
+        <source>(Диалоги НПЦ).EDT</source>
+        <translation>(NPC dialogues).EDT</translation>
+    </message>
+    <message>
+        <source>(Диалоги гражданских).EDT</source>
+        <translation>(Civilian dialogues).EDT</translation>
+    </message>
+    <message>
+        <source>(Комметтарии НПЦ).EDT</source>
+        <translation>(NPC remarks).EDT</translation>
+    </message>
+</context>
+<context>
     <name>SpeechPane</name>
     <message>
         <source>Открыть</source>
@@ -565,6 +711,85 @@ It must be in the folder of the program</translation>
     <message>
         <source>Новый</source>
         <translation>New</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::session::DiskWatch</name>
+    <message>
+        <source>Файл
+%1
+удалён или переименован другой программой.
+При сохранении будет предложено указать имя файла.</source>
+        <translation>The file
+%1
+was removed or renamed by another program.
+A save will ask for a file name.</translation>
+    </message>
+    <message>
+        <source>Файл
+%1
+изменён другой программой.
+Загрузить его заново? Изменения, сделанные в редакторе, будут потеряны.</source>
+        <translation>The file
+%1
+was changed by another program.
+Load it again? The changes made in the editor will be lost.</translation>
+    </message>
+    <message>
+        <source>Файл
+%1
+изменён другой программой.
+Загрузить его заново?</source>
+        <translation>The file
+%1
+was changed by another program.
+Load it again?</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::session::Overview</name>
+    <message>
+        <source>Сохранить обзор</source>
+        <translation>Save the overview</translation>
+    </message>
+    <message>
+        <source>Обзор %1</source>
+        <translation>Overview of %1</translation>
+    </message>
+</context>
+<context>
+    <name>parlex::session::SpeechDocument</name>
+    <message>
+        <source>Новый EDT файл</source>
+        <translation>the new speech file</translation>
+    </message>
+    <message>
+        <source>Сохранть %1?</source>
+        <translation>Save %1?</translation>
+    </message>
+    <message>
+        <source>ОТКРЫТИЕ (SPEECH).EDT ФАЙЛА...</source>
+        <translation>OPEN A SPEECH FILE (.EDT)...</translation>
+    </message>
+    <message>
+        <source>СОХРАНИТЬ EDT ФАЙЛ КАК...</source>
+        <translation>SAVE THE SPEECH FILE AS...</translation>
+    </message>
+    <message>
+        <source>все файлы</source>
+        <translation>all files</translation>
+    </message>
+    <message>
+        <source>Сохранить всё равно?</source>
+        <translation>Save it all the same?</translation>
+    </message>
+    <message>
+        <source>ДЕКОМПИЛИРОВАТЬ EDT ФАЙЛ И СОХРАНИТЬ КАК...</source>
+        <translation>DECOMPILE THE SPEECH FILE AND SAVE AS...</translation>
+    </message>
+    <message>
+        <source>все файлы (*.*)</source>
+        <translation>all files (*.*)</translation>
     </message>
 </context>
 </TS>

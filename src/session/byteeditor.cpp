@@ -1,5 +1,7 @@
 #include "session/byteeditor.h"
 
+#include "core/explain/explaintexts.h"
+
 #include "core/entry/numberentry.h"
 #include "core/text/hex.h"
 #include "core/text/numbers.h"
@@ -45,9 +47,10 @@ FieldWidth ByteEditor::mode() const {
     return rowField(row_).width;
 }
 
-std::string ByteEditor::caption() const {
-    return "Запись " + text::zeroPadded(static_cast<unsigned>(recordIndex_ + 1), 2) + " : " +
-           entry::rowText(rowField(row_));
+std::string ByteEditor::caption(Language language) const {
+    return fill(explaintexts::kTexts(explaintexts::Say::EditorCaption, language),
+                {text::zeroPadded(static_cast<unsigned>(recordIndex_ + 1), 2),
+                 entry::rowText(rowField(row_), language)});
 }
 
 std::string ByteEditor::currentHex() const {

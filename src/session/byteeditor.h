@@ -34,9 +34,9 @@ public:
     // window, switches the mode and checks the entry against the new limit.
     void selectRow(int row);
     int row() const { return row_; }
-    int field() const;              // the index of the chosen field's first byte
-    FieldWidth mode() const;        // Byte or Word: which of the two buttons is enabled
-    std::string caption() const;    // "Запись 05 : Байты 21-22"
+    int field() const;       // the index of the chosen field's first byte
+    FieldWidth mode() const; // Byte or Word: which of the two buttons is enabled
+    std::string caption(Language language = Language::Russian) const; // "Запись 05 : Байты 21-22"
     std::string currentHex() const; // the field in the copy: "0C 01"
     std::uint32_t currentValue() const;
     const NpcRecord& copy() const { return copy_; }

@@ -4,6 +4,8 @@
 #include "session/pathtext.h"
 #include "session/userprompts.h"
 
+#include <QCoreApplication>
+
 namespace parlex::session {
 
 bool runCommandLine(const QStringList& arguments, const QString& programName, UserPrompts& prompts,
@@ -17,9 +19,10 @@ bool runCommandLine(const QStringList& arguments, const QString& programName, Us
         if (size && *size == npcformat::kFileSize)
             open(path);
         else if (size)
-            prompts.message(
-                UserPrompts::Icon::Exclamation, "PARLEX - ОШИБКА ЗАГРУЗКИ",
-                QString::fromStdString(npcformat::sizeRefusal(line.toStdString(), *size)));
+            prompts.message(UserPrompts::Icon::Exclamation,
+                            QCoreApplication::translate("CommandLine", "PARLEX - ОШИБКА ЗАГРУЗКИ"),
+                            QString::fromStdString(npcformat::sizeRefusal(line.toStdString(), *size,
+                                                                          prompts.language())));
         return true;
     }
     const QString lower = line.toLower();

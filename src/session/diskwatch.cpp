@@ -66,16 +66,16 @@ void DiskWatch::check() {
     const QString title = QString::fromUtf8(kMessageTitle);
     if (!now) {
         prompts_.message(UserPrompts::Icon::Information, title,
-                         "Файл\n" + path +
-                             "\nудалён или переименован другой программой.\n"
-                             "При сохранении будет предложено указать имя файла.");
+                         tr("Файл\n%1\nудалён или переименован другой программой.\n"
+                            "При сохранении будет предложено указать имя файла.")
+                             .arg(path));
     } else if (now != loadedStatus_) {
         const QString text =
             npc->isChanged()
-                ? "Файл\n" + path +
-                      "\nизменён другой программой.\nЗагрузить его заново? "
-                      "Изменения, сделанные в редакторе, будут потеряны."
-                : "Файл\n" + path + "\nизменён другой программой.\nЗагрузить его заново?";
+                ? tr("Файл\n%1\nизменён другой программой.\nЗагрузить его заново? "
+                     "Изменения, сделанные в редакторе, будут потеряны.")
+                      .arg(path)
+                : tr("Файл\n%1\nизменён другой программой.\nЗагрузить его заново?").arg(path);
         if (prompts_.question(title, text, false) == UserPrompts::Answer::Yes)
             emit reloadWanted();
     }

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+#include <QCoreApplication>
+
 namespace parlex::session {
 namespace {
 
@@ -41,7 +43,7 @@ int severityOf(const mod::PhraseRow& row) {
 QVariant header(const char* const* names, int section, Qt::Orientation orientation, int role) {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return QString::fromUtf8(names[section]);
+    return QCoreApplication::translate("Overview", names[section]);
 }
 
 } // namespace
@@ -66,7 +68,7 @@ QVariant RecordTable::data(const QModelIndex& index, int role) const {
         case Position:
             return row.position;
         case When:
-            return row.empty ? QString("(пустая)") : q(row.when);
+            return row.empty ? QCoreApplication::translate("Overview", "(пустая)") : q(row.when);
         case Does:
             return q(row.does);
         case Says:
@@ -89,7 +91,10 @@ QVariant RecordTable::data(const QModelIndex& index, int role) const {
 }
 
 QVariant RecordTable::headerData(int section, Qt::Orientation orientation, int role) const {
-    static const char* const kNames[] = {"Запись", "Когда", "Что делает", "Говорит", "Замечания"};
+    static const char* const kNames[] = {
+        QT_TRANSLATE_NOOP("Overview", "Запись"), QT_TRANSLATE_NOOP("Overview", "Когда"),
+        QT_TRANSLATE_NOOP("Overview", "Что делает"), QT_TRANSLATE_NOOP("Overview", "Говорит"),
+        QT_TRANSLATE_NOOP("Overview", "Замечания")};
     return header(kNames, section, orientation, role);
 }
 
@@ -147,7 +152,8 @@ QVariant PhraseTable::data(const QModelIndex& index, int role) const {
         case Number:
             return row.number;
         case Text:
-            return row.present ? q(row.text) : QString("(нет в файле)");
+            return row.present ? q(row.text)
+                               : QCoreApplication::translate("Overview", "(нет в файле)");
         case Length:
             return QString("%1/%2").arg(row.length).arg(row.limit);
         case SpokenBy: {
@@ -169,7 +175,9 @@ QVariant PhraseTable::data(const QModelIndex& index, int role) const {
 }
 
 QVariant PhraseTable::headerData(int section, Qt::Orientation orientation, int role) const {
-    static const char* const kNames[] = {"Фраза", "Текст", "Длина", "Говорят записи"};
+    static const char* const kNames[] = {
+        QT_TRANSLATE_NOOP("Overview", "Фраза"), QT_TRANSLATE_NOOP("Overview", "Текст"),
+        QT_TRANSLATE_NOOP("Overview", "Длина"), QT_TRANSLATE_NOOP("Overview", "Говорят записи")};
     return header(kNames, section, orientation, role);
 }
 
@@ -253,13 +261,20 @@ mod::SpeechSource Overview::source() const {
     return {file, std::max(phrasesOnDisk_, static_cast<int>(file->recordsToWrite()))};
 }
 
+void Overview::setLanguage(Language language) {
+    if (language == language_)
+        return;
+    language_ = language;
+    rebuild();
+}
+
 void Overview::rebuild() {
     phrasesOnDisk_ = 0;
     if (const EdtFile* file = speech_.file(); file && !file->isNew())
         if (const auto size = platform::fileSize(file->path()))
             phrasesOnDisk_ = static_cast<int>(*size / file->info().recordSize);
     const NpcFile* npc = script_.file();
-    records_.setRows(npc ? mod::recordRows(*npc, source(), lists_, withEmpty_)
+    records_.setRows(npc ? mod::recordRows(*npc, source(), lists_, withEmpty_, language_)
                          : std::vector<mod::RecordRow>{});
     refreshPhrases();
 }
@@ -274,7 +289,7 @@ void Overview::recordChanged(int index) {
     const NpcFile* npc = script_.file();
     if (!npc)
         return;
-    if (auto row = mod::recordRow(*npc, index + 1, source(), lists_)) {
+    if (auto row = mod::recordRow(*npc, index + 1, source(), lists_, language_)) {
         const bool shown = withEmpty_ || !row->empty;
         records_.updateRow(std::move(*row), shown);
     }
@@ -293,7 +308,7 @@ void Overview::phraseShown() {
         const auto spoken = spokenPhrases(npc->record(i));
         if (!spoken || !spoken->contains(phrase))
             continue;
-        if (auto row = mod::recordRow(*npc, static_cast<int>(i) + 1, source(), lists_))
+        if (auto row = mod::recordRow(*npc, static_cast<int>(i) + 1, source(), lists_, language_))
             records_.updateRow(std::move(*row), true);
     }
 }
@@ -302,7 +317,7 @@ bool Overview::saveHtml(UserPrompts& prompts) const {
     const NpcFile* npc = script_.file();
     if (!npc)
         return false;
-    const UserPrompts::FileRequest request{"Сохранить обзор",
+    const UserPrompts::FileRequest request{tr("Сохранить обзор"),
                                            pathText(npc->path().parent_path()),
                                            pathText(npc->path().stem()) + ".html",
                                            {{"HTML (*.html)", "*.html", "html"}},
@@ -310,8 +325,8 @@ bool Overview::saveHtml(UserPrompts& prompts) const {
     const auto target = prompts.saveTarget(request);
     if (!target)
         return false;
-    const std::string page =
-        mod::overviewHtml("Обзор " + npc->title(), records_.rows(), phrases_.rows());
+    const std::string page = mod::overviewHtml(tr("Обзор %1").arg(q(npc->title())).toStdString(),
+                                               records_.rows(), phrases_.rows(), language_);
     if (auto written = platform::writeFileAtomic(target->path, page); !written) {
         prompts.tell(written.error());
         return false;

@@ -7,6 +7,7 @@
 // is typed refreshes its row and the records that speak it; only the rows that
 // changed are told as changed.
 #include "core/mod/overview.h"
+#include "core/text/language.h"
 
 #include <QAbstractTableModel>
 #include <QSortFilterProxyModel>
@@ -93,9 +94,10 @@ public:
 
     RecordTable& records() { return records_; }
     PhraseTable& phrases() { return phrases_; }
-    void setWithEmpty(bool withEmpty); // empty records too
-    void setAllPhrases(bool all);      // every phrase, not only the filled or spoken
-    void rebuild();                    // everything anew
+    void setWithEmpty(bool withEmpty);   // empty records too
+    void setAllPhrases(bool all);        // every phrase, not only the filled or spoken
+    void rebuild();                      // everything anew
+    void setLanguage(Language language); // of the rows' sentences and the headings
     // Writes both tables as an HTML page to a file the user chooses (beside the script
     // at first), atomically like every save; a failure is told. False when nothing
     // was written.
@@ -115,6 +117,7 @@ private:
     bool withEmpty_ = false;
     bool allPhrases_ = false;
     int phrasesOnDisk_ = 0; // of the speech file when it was read
+    Language language_ = Language::Russian;
 };
 
 } // namespace parlex::session

@@ -6,6 +6,8 @@
 #include "session/scriptdocument.h"
 #include "session/speechdocument.h"
 
+#include <QCoreApplication>
+
 namespace parlex::session {
 namespace {
 
@@ -18,8 +20,10 @@ QString q(const std::string& s) {
     return QString::fromStdString(s);
 }
 
-const std::vector<UserPrompts::Filter> kOpenFilters = {{"*.npc", "*.npc"},
-                                                       {"все файлы (*.*)", "*"}};
+std::vector<UserPrompts::Filter> openFilters() {
+    return {{"*.npc", "*.npc"},
+            {QCoreApplication::translate("ScriptFlows", "все файлы (*.*)"), "*"}};
+}
 
 } // namespace
 
@@ -36,16 +40,19 @@ bool ScriptFlows::askSave() {
     const NpcFile* npc = document_.file();
     if (!npc || !npc->isChanged())
         return true;
-    const QString text = npc->isNew() ? QString("Сохранть новый NPC файл?")
-                                      : "Сохранть " + pathText(npc->path()) + " ?";
+    const QString text =
+        npc->isNew() ? QCoreApplication::translate("ScriptFlows", "Сохранть новый NPC файл?")
+                     : QCoreApplication::translate("ScriptFlows", "Сохранть %1 ?")
+                           .arg(pathText(npc->path()));
     return askToSave(prompts_, text, [this] { return save() == SaveOutcome::Saved; });
 }
 
 bool ScriptFlows::open() {
     if (!askSave())
         return false;
-    auto choice = prompts_.openFile(
-        {"ОТКРЫТИЕ NPC ФАЙЛА", startFolder(), pathText(lastPath_.filename()), kOpenFilters, 1});
+    auto choice =
+        prompts_.openFile({QCoreApplication::translate("ScriptFlows", "ОТКРЫТИЕ NPC ФАЙЛА"),
+                           startFolder(), pathText(lastPath_.filename()), openFilters(), 1});
     if (!choice)
         return false;
     return openPath(pathOf(choice->path));
@@ -94,9 +101,10 @@ ScriptFlows::SaveOutcome ScriptFlows::save() {
     }
     if (disk_.changedSinceLoad() &&
         prompts_.question(kTitle,
-                          "Файл\n" + pathText(npc->path()) +
-                              "\nизменён другой программой после загрузки.\n"
-                              "Заменить его содержимым редактора?",
+                          QCoreApplication::translate(
+                              "ScriptFlows", "Файл\n%1\nизменён другой программой после "
+                                             "загрузки.\nЗаменить его содержимым редактора?")
+                              .arg(pathText(npc->path())),
                           false) != Answer::Yes)
         return SaveOutcome::Cancelled;
     return writeTo(npc->path());
@@ -106,11 +114,12 @@ ScriptFlows::SaveOutcome ScriptFlows::saveAs() {
     const NpcFile* npc = document_.file();
     if (!npc)
         return SaveOutcome::Failed;
-    const UserPrompts::FileRequest request{"СОХРАНИТЬ NPC ФАЙЛ КАК...",
-                                           startFolder(),
-                                           npc->isNew() ? QString() : q(npc->title()),
-                                           {{"*.NPC", "*.npc", "npc"}, {"Все файлы", "*"}},
-                                           1};
+    const UserPrompts::FileRequest request{
+        QCoreApplication::translate("ScriptFlows", "СОХРАНИТЬ NPC ФАЙЛ КАК..."),
+        startFolder(),
+        npc->isNew() ? QString() : q(npc->title()),
+        {{"*.NPC", "*.npc", "npc"}, {QCoreApplication::translate("ScriptFlows", "Все файлы"), "*"}},
+        1};
     const auto target = prompts_.saveTarget(request);
     return target ? writeTo(target->path) : SaveOutcome::Cancelled;
 }
@@ -126,7 +135,8 @@ ScriptFlows::SaveOutcome ScriptFlows::writeTo(const std::filesystem::path& path)
 
 void ScriptFlows::convertLayout() {
     auto source = prompts_.openFile(
-        {"ИЗМЕНЕНИЕ ФОРМАТА NPC ФАЙЛА", startFolder(), QString(), kOpenFilters, 1});
+        {QCoreApplication::translate("ScriptFlows", "ИЗМЕНЕНИЕ ФОРМАТА NPC ФАЙЛА"), startFolder(),
+         QString(), openFilters(), 1});
     if (!source)
         return;
     const auto sourcePath = pathOf(source->path);
@@ -149,8 +159,11 @@ void ScriptFlows::convertLayout() {
     const NpcFileType from = npcformat::detectType(*bytes);
     const UserPrompts::FileRequest request{
         from == NpcFileType::Ja
-            ? "ТЕКУЩИЙ ТИП NPC ФАЙЛА JA2:АВ (БУКА). СОХРАНИТЬ КАК..."
-            : "ТЕКУЩИЙ ТИП NPC ФАЙЛА JA2:ENG., JA2UB:ENG. & RUS. СОХРАНИТЬ КАК...",
+            ? QCoreApplication::translate("ScriptFlows",
+                                          "ТЕКУЩИЙ ТИП NPC ФАЙЛА JA2:АВ (БУКА). СОХРАНИТЬ КАК...")
+            : QCoreApplication::translate(
+                  "ScriptFlows",
+                  "ТЕКУЩИЙ ТИП NPC ФАЙЛА JA2:ENG., JA2UB:ENG. & RUS. СОХРАНИТЬ КАК..."),
         startFolder(),
         pathText(sourcePath.filename()),
         {{"Buka: АВ", "*.npc", "npc"}, {"Ja2:eng.,UB:eng.&rus.", "*.npc", "npc"}},
@@ -167,9 +180,12 @@ void ScriptFlows::convertLayout() {
         });
     if (!target)
         return;
-    if (const auto loss = npcformat::conversionLoss(*bytes, layoutOf(*target));
-        loss &&
-        prompts_.question(kTitle, q(*loss) + "\nПреобразовать всё равно?", false) != Answer::Yes)
+    if (const auto loss = npcformat::conversionLoss(*bytes, layoutOf(*target), prompts_.language());
+        loss && prompts_.question(
+                    kTitle,
+                    q(*loss) + "\n" +
+                        QCoreApplication::translate("ScriptFlows", "Преобразовать всё равно?"),
+                    false) != Answer::Yes)
         return;
     if (auto done = npcformat::convertFile(sourcePath, target->path, layoutOf(*target)); !done) {
         prompts_.tell(done.error());
@@ -178,16 +194,20 @@ void ScriptFlows::convertLayout() {
     if (!isOpen(target->path))
         return;
     disk_.acknowledge();
-    if (prompts_.question(kTitle,
-                          "Формат файла\n" + pathText(target->path) +
-                              " был изменен.\nЗагрузить файл заново?",
-                          false) == Answer::Yes)
+    if (prompts_.question(
+            kTitle,
+            QCoreApplication::translate("ScriptFlows",
+                                        "Формат файла\n%1 был изменен.\nЗагрузить файл заново?")
+                .arg(pathText(target->path)),
+            false) == Answer::Yes)
         reload();
 }
 
 void ScriptFlows::showCurrentInfo() {
     if (const NpcFile* npc = document_.file())
-        prompts_.message(Icon::Information, "Текущий файл...", q(npc->summary()));
+        prompts_.message(Icon::Information,
+                         QCoreApplication::translate("ScriptFlows", "Текущий файл..."),
+                         q(npc->summary(prompts_.language())));
 }
 
 } // namespace parlex::session

@@ -41,6 +41,7 @@ void Session::setOptions(const Options& options) {
     if (!changed)
         return;
     options_ = options;
+    prompts_.setLanguage(options_.language);
     emit optionsChanged(changed);
 }
 
@@ -62,6 +63,7 @@ void Session::choosePhraseFont() {
 
 void Session::restore(const Settings& settings) {
     options_ = settings.options;
+    prompts_.setLanguage(options_.language);
     if (!settings.scriptPath.empty())
         flows_.setLastPath(platform::pathFromUtf8(settings.scriptPath));
     if (!settings.speechPath.empty())

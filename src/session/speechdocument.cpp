@@ -10,6 +10,8 @@
 
 #include <QRegularExpression>
 
+#include <QCoreApplication>
+
 namespace parlex::session {
 namespace {
 
@@ -20,11 +22,15 @@ QString q(const std::string& s) {
 }
 
 // The open dialog's filters, in the order of the kinds' filter indexes.
-const std::vector<UserPrompts::Filter> kOpenFilters = {
-    {"Диалоги НПЦ (<3номера>.EDT)", "*.edt"},
-    {"Гражд.(<CIV+2н.>.EDTили <сектор>.EDT)", "*.edt"},
-    {"Комменнтарии НПЦ (<D_+3номера>.EDT)", "*.edt"},
-};
+std::vector<UserPrompts::Filter> openFilters() {
+    return {
+        {QCoreApplication::translate("SpeechDocument", "Диалоги НПЦ (<3номера>.EDT)"), "*.edt"},
+        {QCoreApplication::translate("SpeechDocument", "Гражд.(<CIV+2н.>.EDTили <сектор>.EDT)"),
+         "*.edt"},
+        {QCoreApplication::translate("SpeechDocument", "Комменнтарии НПЦ (<D_+3номера>.EDT)"),
+         "*.edt"},
+    };
+}
 
 struct KindTexts {
     EdtKind kind;
@@ -32,9 +38,11 @@ struct KindTexts {
     const char* newName;    // what the save dialog proposes for a new document
 };
 constexpr KindTexts kKindTexts[] = {
-    {EdtKind::NpcDialogues, "(Диалоги НПЦ).EDT", "NPC_NEW.EDT"},
-    {EdtKind::Civilian, "(Диалоги гражданских).EDT", "CIV_NEW.EDT"},
-    {EdtKind::Remarks, "(Комметтарии НПЦ).EDT", "REM_NEW.EDT"},
+    {EdtKind::NpcDialogues, QT_TRANSLATE_NOOP("SpeechDocument", "(Диалоги НПЦ).EDT"),
+     "NPC_NEW.EDT"},
+    {EdtKind::Civilian, QT_TRANSLATE_NOOP("SpeechDocument", "(Диалоги гражданских).EDT"),
+     "CIV_NEW.EDT"},
+    {EdtKind::Remarks, QT_TRANSLATE_NOOP("SpeechDocument", "(Комметтарии НПЦ).EDT"), "REM_NEW.EDT"},
 };
 
 const KindTexts& textsOf(EdtKind kind) {
@@ -68,15 +76,15 @@ bool SpeechDocument::askSave() {
         return true;
     if (edt_->isNew() && edt_->nonEmptyCount() == 0)
         return true; // a new document with nothing in it is not worth a question
-    const QString name = edt_->isNew() ? QString("Новый EDT файл") : pathText(edt_->path());
-    return askToSave(prompts_, "Сохранть " + name + "?", [this] { return save(); });
+    const QString name = edt_->isNew() ? tr("Новый EDT файл") : pathText(edt_->path());
+    return askToSave(prompts_, tr("Сохранть %1?").arg(name), [this] { return save(); });
 }
 
 bool SpeechDocument::open() {
     if (!askSave())
         return false;
-    auto choice = prompts_.openFile({"ОТКРЫТИЕ (SPEECH).EDT ФАЙЛА...", startFolder(),
-                                     pathText(rememberedPath_.filename()), kOpenFilters, 1});
+    auto choice = prompts_.openFile({tr("ОТКРЫТИЕ (SPEECH).EDT ФАЙЛА..."), startFolder(),
+                                     pathText(rememberedPath_.filename()), openFilters(), 1});
     if (!choice)
         return false;
     const auto kind = kindOfFilter(choice->filterIndex);
@@ -125,12 +133,13 @@ bool SpeechDocument::saveAs() {
         return false;
     }
     const KindTexts& texts = textsOf(edt_->kind());
-    const UserPrompts::FileRequest request{"СОХРАНИТЬ EDT ФАЙЛ КАК...",
-                                           startFolder(),
-                                           edt_->isNew() ? QString(texts.newName)
-                                                         : q(edt_->title()),
-                                           {{texts.saveFilter, "*.EDT", "EDT"}, {"все файлы", "*"}},
-                                           1};
+    const UserPrompts::FileRequest request{
+        tr("СОХРАНИТЬ EDT ФАЙЛ КАК..."),
+        startFolder(),
+        edt_->isNew() ? QString(texts.newName) : q(edt_->title()),
+        {{QCoreApplication::translate("SpeechDocument", texts.saveFilter), "*.EDT", "EDT"},
+         {tr("все файлы"), "*"}},
+        1};
     const auto target = prompts_.saveTarget(request);
     return target && writeTo(target->path);
 }
@@ -139,7 +148,9 @@ bool SpeechDocument::saveAs() {
 bool SpeechDocument::writeTo(const std::filesystem::path& path) {
     // A file read as another kind than it is would lose its end over itself.
     if (edt_->bytesLostOnSave() > 0 && !edt_->isNew() && platform::samePath(path, edt_->path()) &&
-        prompts_.question(q(kMessageTitle), q(edt_->lossWarning()) + "\nСохранить всё равно?",
+        prompts_.question(q(kMessageTitle),
+                          q(edt_->lossWarning(prompts_.language())) + "\n" +
+                              tr("Сохранить всё равно?"),
                           false) != Answer::Yes)
         return false;
     auto saved = writeCopy(prompts_, *edt_, path);
@@ -155,11 +166,12 @@ bool SpeechDocument::decompile() {
         prompts_.beep();
         return false;
     }
-    const UserPrompts::FileRequest request{"ДЕКОМПИЛИРОВАТЬ EDT ФАЙЛ И СОХРАНИТЬ КАК...",
-                                           pathText(programDir_),
-                                           "Quotes.txt",
-                                           {{"*.txt", "*.txt", "txt"}, {"все файлы (*.*)", "*"}},
-                                           1};
+    const UserPrompts::FileRequest request{
+        tr("ДЕКОМПИЛИРОВАТЬ EDT ФАЙЛ И СОХРАНИТЬ КАК..."),
+        pathText(programDir_),
+        "Quotes.txt",
+        {{"*.txt", "*.txt", "txt"}, {tr("все файлы (*.*)"), "*"}},
+        1};
     const auto target = prompts_.saveTarget(request);
     if (!target)
         return false;

@@ -65,6 +65,11 @@ public:
     saveTarget(const FileRequest& request,
                const std::function<std::optional<Error>(const SaveTarget&)>& refusal = {});
 
+    // The language of the window: of the errors told here, and of the core's texts
+    // that the flows show.
+    void setLanguage(Language language) { language_ = language; }
+    Language language() const { return language_; }
+
     // An error as its message box: a refusal (a size, a read-only drive, a value)
     // with the exclamation mark, a failure of the system with the critical sign.
     void tell(const Error& error) {
@@ -72,11 +77,14 @@ public:
                              error.kind == ErrorKind::TooLarge ||
                              error.kind == ErrorKind::ReadOnlyDrive ||
                              error.kind == ErrorKind::Invalid || error.kind == ErrorKind::Exists;
-        message(
-            refusal ? Icon::Exclamation : Icon::Critical,
-            QString::fromStdString(error.title.empty() ? std::string(kMessageTitle) : error.title),
-            QString::fromStdString(error.message));
+        const std::string& title = error.titleIn(language_);
+        message(refusal ? Icon::Exclamation : Icon::Critical,
+                QString::fromStdString(title.empty() ? std::string(kMessageTitle) : title),
+                QString::fromStdString(error.text(language_)));
     }
+
+private:
+    Language language_ = Language::Russian;
 };
 
 } // namespace parlex::session

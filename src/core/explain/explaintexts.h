@@ -69,6 +69,7 @@ enum class Say {
     ValueTooLarge,
     BytesRow,
     ByteRow,
+    EditorCaption,
 };
 
 inline constexpr auto kTexts = textTable<Say>({
@@ -208,6 +209,8 @@ inline constexpr auto kTexts = textTable<Say>({
     // The byte editor's rows of fields.
     {Say::BytesRow, {"Байты {1}-{2}", "Bytes {1}-{2}"}},
     {Say::ByteRow, {"Байт {1}", "Byte {1}"}},
+    // The byte editor's caption: the record and the field's row.
+    {Say::EditorCaption, {"Запись {1} : {2}", "Record {1} : {2}"}},
 });
 
 } // namespace parlex::explaintexts

@@ -208,7 +208,7 @@ void EditDialog::build() {
 // ---------------------------------------------------------------- showing the model
 
 void EditDialog::showModel() {
-    setWindowTitle(q(editor_.caption()));
+    setWindowTitle(q(editor_.caption(session_.options().language)));
     hex_->setText(q(editor_.currentHex()));
     decimal_->setText(QString::number(editor_.currentValue()));
     const bool word = editor_.mode() == FieldWidth::Word;

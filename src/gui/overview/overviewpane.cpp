@@ -73,6 +73,7 @@ OverviewPane::OverviewPane(session::Session& session, session::UserPrompts& prom
     connect(save, &QToolButton::clicked, this, [this, &prompts] { overview_->saveHtml(prompts); });
     setWidget(tabs);
     retranslate();
+    overview_->setLanguage(session.options().language);
 
     connect(recordView_, &QTableView::activated, this, &OverviewPane::showRecord);
     connect(recordView_, &QTableView::clicked, this, &OverviewPane::showRecord);
@@ -110,8 +111,10 @@ void OverviewPane::retranslate() {
 }
 
 void OverviewPane::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         retranslate();
+        overview_->setLanguage(session_.options().language);
+    }
     QDockWidget::changeEvent(event);
 }
 
