@@ -12,7 +12,7 @@ ListLibrary::ListLibrary(UserPrompts& prompts, const std::filesystem::path& prog
 }
 
 std::vector<std::string> ListLibrary::rows(ListKey key) {
-    ListRows rows = lists_.rows(key);
+    ListRows rows = lists_.rows(key, prompts_.language());
     if (rows.warning)
         prompts_.message(UserPrompts::Icon::Exclamation, QString::fromUtf8(kMessageTitle),
                          QString::fromStdString(*rows.warning));
@@ -21,17 +21,18 @@ std::vector<std::string> ListLibrary::rows(ListKey key) {
 
 void ListLibrary::extract(ListKey key, bool askBeforeReplace) {
     const std::tm local = platform::localNow();
-    auto written = writeListFile(key, folder_, local, !askBeforeReplace);
+    const Language language = prompts_.language();
+    auto written = writeListFile(key, folder_, local, !askBeforeReplace, language);
     const QString title = QString::fromUtf8(kMessageTitle);
     if (!written && written.error().kind == ErrorKind::Exists) {
-        if (prompts_.question(title, QString::fromStdString(written.error().message), false) !=
-            UserPrompts::Answer::Yes)
+        if (prompts_.question(title, QString::fromStdString(written.error().text(language)),
+                              false) != UserPrompts::Answer::Yes)
             return;
-        written = writeListFile(key, folder_, local, true);
+        written = writeListFile(key, folder_, local, true, language);
     }
     if (!written)
         prompts_.message(UserPrompts::Icon::Critical, title,
-                         QString::fromStdString(written.error().message));
+                         QString::fromStdString(written.error().text(language)));
 }
 
 } // namespace parlex::session

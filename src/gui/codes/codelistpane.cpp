@@ -3,6 +3,7 @@
 #include "session/listlibrary.h"
 
 #include <QApplication>
+#include <QEvent>
 
 namespace parlex::gui {
 
@@ -14,6 +15,7 @@ CodeListPane::CodeListPane(session::ListLibrary& lists, QWidget* parent)
 }
 
 void CodeListPane::showList(ListKey key) {
+    shown_ = key;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const std::vector<std::string> rows = lists_.rows(key);
     QStringList items;
@@ -25,6 +27,16 @@ void CodeListPane::showList(ListKey key) {
     addItems(items);
     setUpdatesEnabled(true);
     QApplication::restoreOverrideCursor();
+}
+
+void CodeListPane::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange && shown_) {
+        const int row = currentRow();
+        showList(*shown_);
+        if (row >= 0)
+            showRow(row);
+    }
+    QListWidget::changeEvent(event);
 }
 
 void CodeListPane::showRow(int row) {

@@ -44,8 +44,12 @@ public:
     // The first of the rows the user selected, if any.
     std::optional<int> firstSelectedRow() const;
 
+protected:
+    void changeEvent(QEvent* event) override; // a new language: the list shown again
+
 private:
     session::ListLibrary& lists_;
+    std::optional<ListKey> shown_;
 };
 
 } // namespace parlex::gui
