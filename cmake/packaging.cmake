@@ -11,6 +11,7 @@ endif()
 if(TARGET parlex AND NOT WIN32)
     install(TARGETS parlex RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     install(FILES ${PROJECT_SOURCE_DIR}/resources/Parlex.html
+                  ${PROJECT_SOURCE_DIR}/resources/Parlex_en.html
             DESTINATION ${CMAKE_INSTALL_DATADIR}/parlex)
     install(FILES ${DESKTOP_DIR}/org.parlex.Parlex.desktop
             DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
@@ -24,24 +25,36 @@ endif()
 install(FILES ${PROJECT_SOURCE_DIR}/resources/completion/parlex-cli
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 
-# The manual page of parlex-cli, made from its --help and --version.
+# The manual pages of parlex-cli, made from its --help and --version: the English one
+# where man looks first, the Russian one where man looks for a Russian locale.
 if(NOT WIN32)
     find_program(HELP2MAN help2man)
 endif()
 if(HELP2MAN)
-    set(MAN_PAGE ${PROJECT_BINARY_DIR}/parlex-cli.1)
-    add_custom_command(
-        OUTPUT ${MAN_PAGE}.gz
-        COMMAND ${CMAKE_COMMAND} -E env LC_ALL=C.UTF-8
-                ${HELP2MAN} --no-info --no-discard-stderr --section=1 --locale=C.UTF-8
-                "--name=scripts, speech files and code lists of Jagged Alliance 2"
-                --output=${MAN_PAGE} $<TARGET_FILE:parlex-cli>
-        COMMAND gzip -n -9 -f ${MAN_PAGE}
-        DEPENDS parlex-cli
-        COMMENT "Manual page of parlex-cli"
-        VERBATIM)
-    add_custom_target(manpage ALL DEPENDS ${MAN_PAGE}.gz)
-    install(FILES ${MAN_PAGE}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    set(MAN_PAGES)
+    foreach(language en ru)
+        set(MAN_PAGE ${PROJECT_BINARY_DIR}/man/${language}/parlex-cli.1)
+        if(language STREQUAL en)
+            set(MAN_NAME "scripts, speech files and code lists of Jagged Alliance 2")
+            set(MAN_FOLDER man1)
+        else()
+            set(MAN_NAME "скрипты, речевые файлы и списки кодов Jagged Alliance 2")
+            set(MAN_FOLDER ru/man1)
+        endif()
+        add_custom_command(
+            OUTPUT ${MAN_PAGE}.gz
+            COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/man/${language}
+            COMMAND ${CMAKE_COMMAND} -E env LC_ALL=C.UTF-8 PARLEX_LANG=${language}
+                    ${HELP2MAN} --no-info --no-discard-stderr --section=1 --locale=C.UTF-8
+                    "--name=${MAN_NAME}" --output=${MAN_PAGE} $<TARGET_FILE:parlex-cli>
+            COMMAND gzip -n -9 -f ${MAN_PAGE}
+            DEPENDS parlex-cli
+            COMMENT "Manual page of parlex-cli (${language})"
+            VERBATIM)
+        list(APPEND MAN_PAGES ${MAN_PAGE}.gz)
+        install(FILES ${MAN_PAGE}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/${MAN_FOLDER})
+    endforeach()
+    add_custom_target(manpage ALL DEPENDS ${MAN_PAGES})
 elseif(NOT WIN32)
     message(WARNING "help2man not found: no manual page for parlex-cli")
 endif()

@@ -11,18 +11,18 @@ fail() { echo "FAIL: $*" >&2; exit 1; }
 
 cmake --install "$build" --prefix "$prefix" >/dev/null
 
-for f in bin/parlex bin/parlex-cli share/parlex/Parlex.html \
+for f in bin/parlex bin/parlex-cli share/parlex/Parlex.html share/parlex/Parlex_en.html \
          share/applications/org.parlex.Parlex.desktop \
          share/metainfo/org.parlex.Parlex.metainfo.xml \
          share/mime/packages/org.parlex.Parlex.xml \
          share/icons/hicolor/scalable/apps/org.parlex.Parlex.svg \
-         share/man/man1/parlex-cli.1.gz \
+         share/man/man1/parlex-cli.1.gz share/man/ru/man1/parlex-cli.1.gz \
          share/bash-completion/completions/parlex-cli; do
     [ -s "$prefix/$f" ] || fail "$f not installed"
 done
 # Nothing else: no tests, benchmarks or helpers.
 count=$(find "$prefix" -type f | wc -l)
-[ "$count" -eq 9 ] || { find "$prefix" -type f >&2; fail "$count files installed, 9 expected"; }
+[ "$count" -eq 11 ] || { find "$prefix" -type f >&2; fail "$count files installed, 11 expected"; }
 [ -x "$prefix/bin/parlex" ] && [ -x "$prefix/bin/parlex-cli" ] || fail "programs not executable"
 
 desktop-file-validate "$prefix/share/applications/org.parlex.Parlex.desktop" ||
@@ -38,6 +38,10 @@ grep -qx 'parlex-cli [0-9.]*' <<<"$version" || fail "--version"
 manual=$(zcat "$prefix/share/man/man1/parlex-cli.1.gz")
 grep -q '^\.SH NAME' <<<"$manual" || fail "man page has no NAME"
 grep -q 'explain PATH' <<<"$manual" || fail "man page lacks the commands"
+# The English page is English through and through; the Russian one is Russian.
+! grep -qP '[\x{0400}-\x{04FF}]' <<<"$manual" || fail "the English man page has Russian words"
+zcat "$prefix/share/man/ru/man1/parlex-cli.1.gz" | grep -q 'Использование' ||
+    fail "the Russian man page is not Russian"
 
 # The completion offers every command the overview lists.
 completion="$prefix/share/bash-completion/completions/parlex-cli"

@@ -17,9 +17,12 @@ const QString kTitle = QString::fromUtf8(kMessageTitle);
 
 // Where the help file is looked for: beside the program (a build, a portable copy),
 // then where an installation puts it.
-std::vector<std::filesystem::path> helpFiles(const std::filesystem::path& programDir) {
-    return {programDir / "Parlex.html",
-            (programDir / PARLEX_HELP_FROM_PROGRAM / "Parlex.html").lexically_normal()};
+// The help page of the window's language, beside the program or where an
+// installation puts it.
+std::vector<std::filesystem::path> helpFiles(const std::filesystem::path& programDir,
+                                             Language language) {
+    const char* name = language == Language::English ? "Parlex_en.html" : "Parlex.html";
+    return {programDir / name, (programDir / PARLEX_HELP_FROM_PROGRAM / name).lexically_normal()};
 }
 
 } // namespace
@@ -41,7 +44,7 @@ void MainWindow::openOptions() {
 
 void MainWindow::openHelp() {
     using Icon = session::UserPrompts::Icon;
-    for (const auto& path : helpFiles(session_.programDir())) {
+    for (const auto& path : helpFiles(session_.programDir(), session_.options().language)) {
         if (!platform::fileExists(path))
             continue;
         const QString file = session::pathText(path);
