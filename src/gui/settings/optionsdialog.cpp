@@ -73,15 +73,7 @@ OptionsDialog::OptionsDialog(session::Session& session, FileAssociation* associa
         setWindowIcon(owner->window()->windowIcon());
     build();
     retranslate();
-    // Large enough for either tab, so that the dialog keeps its size when they change.
-    QSize size;
-    for (int tab : {2, 1}) {
-        model_.selectTab(tab);
-        showModel();
-        adjustSize();
-        size = size.expandedTo(sizeHint());
-    }
-    setFixedSize(size);
+    fitSize();
     if (owner) {
         const QScreen* screen = owner->screen();
         move(centredOver(owner->window()->frameGeometry(), frameSize(),
@@ -211,9 +203,28 @@ void OptionsDialog::retranslate() {
     frame_->setTitle(model_.frameCaption());
 }
 
+// Large enough for either tab, so that the dialog keeps its size when they change.
+void OptionsDialog::fitSize() {
+    const int shown = model_.tab();
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    QSize size;
+    for (int tab : {2, 1}) {
+        model_.selectTab(tab);
+        showModel();
+        adjustSize();
+        size = size.expandedTo(sizeHint());
+    }
+    model_.selectTab(shown);
+    showModel();
+    setFixedSize(size);
+}
+
 void OptionsDialog::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange && tabs_) {
         retranslate();
+        fitSize(); // the other language's texts take another room
+    }
     QDialog::changeEvent(event);
 }
 

@@ -34,6 +34,7 @@ private:
     void build();
     void showModel();
     void retranslate();
+    void fitSize();
 
     session::Session& session_;
     session::OptionsModel model_;
