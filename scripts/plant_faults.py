@@ -84,6 +84,15 @@ FAULTS = [
      "return ((c & 0xFF) << 16) | (c & 0xFF00) | ((c >> 16) & 0xFF);", "return c;"),
     ("phrases-guard", "core", "a script with 02 in odd bytes passes for phrases",
      "if (bytes[i] > 1)", "if (bytes[i] > 2)"),
+    ("overview-speaker", "core", "the overview names the record before the speaker",
+     "row.spokenBy.push_back(static_cast<int>(i) + 1);",
+     "row.spokenBy.push_back(static_cast<int>(i));"),
+    ("language-locale-order", "core", "LANG decides before LC_ALL",
+     'for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {',
+     'for (const char* name : {"LANG", "LC_MESSAGES", "LC_ALL"}) {'),
+    ("settings-language", "core", "an English window is not written to the settings file",
+     'if (name == "[INTERFACE]" && o.language == Language::English) {',
+     'if (name == "[INTERFACE]" && false) {'),
     # ---------------------------------------------------------------- session
     ("script-save-failure", "session", "a failed save lets the flow throw the changes away",
      "[this] { return save() == SaveOutcome::Saved; }", "[this] { save(); return true; }"),
@@ -109,6 +118,8 @@ FAULTS = [
      "options_ = settings.options;", ""),
     ("options-find-name", "session", "closing the options always finds the speech file by name",
      "options.findEdtName = box(OptionBox::CheckS).enabled;", "options.findEdtName = true;"),
+    ("overview-redraws", "session", "an edit redraws the whole overview instead of its row",
+     "records_.updateRow(std::move(*row), shown);", "(void)shown;\n        rebuild();"),
     ("editor-hover-mode", "session", "the byte editor always pins the field it shows",
      "session_->cursor().showByte(field());",
      "session_->cursor().press(field(), !session_->cursor().isPinned());"),
@@ -139,6 +150,11 @@ FAULTS = [
      "return asked ? kOk : kUsage;", "return kOk;"),
     ("convert-line", "cli", "convert names the source's layout for the target",
      '<< typeTag(to) << ")\\n";', '<< typeTag(from) << ")\\n";'),
+    ("cli-lang-ignored", "cli", "explain --lang en keeps the Russian sentences",
+     "const ExplainContext context{file->type(), lists.get(), false, 0, io.language};",
+     "const ExplainContext context{file->type(), lists.get(), false, 0};"),
+    ("help-language-kept", "gui", "the help text stays Russian when the window turns English",
+     "help_->setLanguage(o.language);", ""),
 ]
 
 

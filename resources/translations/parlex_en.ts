@@ -438,6 +438,10 @@ Load the file again?</translation>
         <source>Текущий файл...</source>
         <translation>The open script...</translation>
     </message>
+    <message>
+        <source>Buka: АВ</source>
+        <translation>Buka: Russian release</translation>
+    </message>
 </context>
 <context>
     <name>SpeechDocument</name>

@@ -166,7 +166,8 @@ void ScriptFlows::convertLayout() {
                   "ТЕКУЩИЙ ТИП NPC ФАЙЛА JA2:ENG., JA2UB:ENG. & RUS. СОХРАНИТЬ КАК..."),
         startFolder(),
         pathText(sourcePath.filename()),
-        {{"Buka: АВ", "*.npc", "npc"}, {"Ja2:eng.,UB:eng.&rus.", "*.npc", "npc"}},
+        {{QCoreApplication::translate("ScriptFlows", "Buka: АВ"), "*.npc", "npc"},
+         {"Ja2:eng.,UB:eng.&rus.", "*.npc", "npc"}},
         from == NpcFileType::Ja ? 2 : 1};
     const auto layoutOf = [](const UserPrompts::SaveTarget& t) {
         return t.filterIndex == 1 ? NpcFileType::Ja : NpcFileType::Ub;
