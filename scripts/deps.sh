@@ -14,7 +14,7 @@ elif [ "${1:-}" = fuzz ]; then
 # and Qt's headers for the window's files.
 elif [ "${1:-}" = tidy ]; then
     packages=(make cmake clang-16 clang-tidy-16 libc++-16-dev libc++abi-16-dev qt6-base-dev
-              qt6-svg-dev libgtest-dev libgmock-dev)
+              qt6-svg-dev qt6-tools-dev qt6-l10n-tools libgtest-dev libgmock-dev)
 else
 packages=(make cmake g++ clang-format libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev
           qt6-translations-l10n qt6-l10n-tools qt6-tools-dev qt6-svg-dev xdg-utils shared-mime-info desktop-file-utils
