@@ -176,7 +176,7 @@ bool SpeechDocument::decompile() {
     if (!target)
         return false;
     // Written to a temporary file and renamed: a failure leaves an old text as it was.
-    if (auto written = decompileToFile(*edt_, target->path); !written) {
+    if (auto written = decompileToFile(*edt_, target->path, prompts_.language()); !written) {
         prompts_.tell(written.error());
         return false;
     }
