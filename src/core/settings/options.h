@@ -27,8 +27,8 @@ struct Options {
     bool autoLoad = false;         // ... and that speech file is opened with it
     bool rememberPath = false;     // the speech file's dialog starts at the last speech file
     bool flagOverwrite = true;     // ask before a list file is replaced
-    unsigned phraseBackColour = 0xFFFFFF; // of the phrase text, 0xRRGGBB
-    TextFont phraseFont;                  // of the phrase text, 4-18 points
+    unsigned phraseBackColour = 0xFFFFFF;  // of the phrase text, 0xRRGGBB
+    TextFont phraseFont;                   // of the phrase text, 4-18 points
     Language language = Language::Russian; // of every text of the window
     bool operator==(const Options&) const = default;
 };
