@@ -13,6 +13,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 #ifdef _WIN32
 #include <process.h>
@@ -62,6 +63,15 @@ public:
 private:
     fs::path path_;
 };
+
+// Whether UTF-8 text holds a letter of the Cyrillic block (U+0400-U+04FF: lead
+// bytes D0-D3): a Russian word where only English belongs.
+inline bool hasCyrillic(std::string_view text) {
+    return std::ranges::any_of(text, [](char c) {
+        const auto b = static_cast<unsigned char>(c);
+        return b >= 0xD0 && b <= 0xD3;
+    });
+}
 
 inline void writeBytes(const fs::path& path, const std::vector<std::uint8_t>& bytes) {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);

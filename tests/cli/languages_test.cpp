@@ -200,20 +200,12 @@ TEST_F(Languages, RussianOutputStaysAsItWas) {
     }
 }
 
-// Whether UTF-8 text holds a letter of the Cyrillic block (lead bytes D0-D3).
-bool hasCyrillic(std::string_view text) {
-    return std::ranges::any_of(text, [](char c) {
-        const auto b = static_cast<unsigned char>(c);
-        return b >= 0xD0 && b <= 0xD3;
-    });
-}
-
 // In English, nothing of what the program says is Russian: the scripts, the lists
 // and the phrases of this mod are ASCII, so any Cyrillic letter is one of ours.
 TEST_F(Languages, EnglishOutputHasNoRussianWord) {
     for (const Fingerprint& c : kCalls) {
         const std::string got = printed(std::string(c.call) + " --lang en");
-        EXPECT_FALSE(hasCyrillic(got)) << c.call << "\n" << got.substr(0, 3000);
+        EXPECT_FALSE(testutil::hasCyrillic(got)) << c.call << "\n" << got.substr(0, 3000);
         EXPECT_GT(got.size(), 8u) << c.call;
     }
 }
@@ -231,7 +223,7 @@ TEST_F(Languages, TheEnvironmentChoosesWithoutLang) {
     ::unsetenv("LC_MESSAGES");
     for (const auto& [lang, call, english] : cases) {
         ::setenv("LANG", lang, 1);
-        EXPECT_EQ(!hasCyrillic(printed(call)), english) << lang << " " << call;
+        EXPECT_EQ(!testutil::hasCyrillic(printed(call)), english) << lang << " " << call;
     }
     ::unsetenv("LANG");
 }

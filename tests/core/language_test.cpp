@@ -7,6 +7,8 @@
 #include "core/text/catalogue.h"
 #include "core/text/language.h"
 
+#include "testutil.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -30,15 +32,6 @@ std::string placeholders(std::string_view text) {
     return all;
 }
 
-// Whether UTF-8 text holds a letter of the Cyrillic block (U+0400-U+04FF: lead
-// bytes D0-D3).
-bool hasCyrillic(std::string_view text) {
-    return std::ranges::any_of(text, [](char c) {
-        const auto b = static_cast<unsigned char>(c);
-        return b >= 0xD0 && b <= 0xD3;
-    });
-}
-
 TEST(Language, EveryTextHasBothLanguagesWithTheSamePlaceholders) {
     const auto all = textCatalogue();
     ASSERT_FALSE(all.empty());
@@ -47,9 +40,9 @@ TEST(Language, EveryTextHasBothLanguagesWithTheSamePlaceholders) {
         EXPECT_FALSE(text.ru.empty());
         EXPECT_FALSE(text.en.empty());
         EXPECT_EQ(placeholders(text.ru), placeholders(text.en));
-        EXPECT_FALSE(hasCyrillic(text.en));
+        EXPECT_FALSE(testutil::hasCyrillic(text.en));
         // A text with Russian words has English ones of its own.
-        if (hasCyrillic(text.ru)) {
+        if (testutil::hasCyrillic(text.ru)) {
             EXPECT_NE(text.ru, text.en);
         }
     }
@@ -61,7 +54,7 @@ TEST(Language, EveryFieldHasItsHelpInBothLanguages) {
         const auto russian = helpText(field.index, Language::Russian);
         const auto english = helpText(field.index, Language::English);
         ASSERT_TRUE(russian && english) << field.index;
-        EXPECT_FALSE(hasCyrillic(*english)) << field.index;
+        EXPECT_FALSE(testutil::hasCyrillic(*english)) << field.index;
         const auto lines = [](const std::string& text) { return std::ranges::count(text, '\n'); };
         EXPECT_EQ(lines(*russian), lines(*english)) << field.index;
         // "Байты 01-02 (as Word) - ..." and "Bytes 01-02 (as Word) - ...": the same bytes.
