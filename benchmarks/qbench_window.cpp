@@ -9,6 +9,7 @@
 //           dialogues, until repainted, against the same keys in a plain text box.
 // Run: QT_QPA_PLATFORM=offscreen build/benchmarks/qbench_window -median 15
 #include "core/speech/edtfile.h"
+#include "gui/codes/codelistpane.h"
 #include "gui/mainwindow/mainwindow.h"
 #include "gui/prompts/dialogprompts.h"
 
@@ -86,7 +87,7 @@ void WindowBench::showList() {
         triggers->trigger();
         repaintNow();
     }
-    QCOMPARE(window_->findChild<QListWidget*>("List")->count(), 500);
+    QCOMPARE(window_->findChild<parlex::gui::CodeListPane*>("List")->count(), 500);
 }
 
 void WindowBench::showListBaseline() {

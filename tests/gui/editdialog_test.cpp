@@ -2,6 +2,7 @@
 // on the grid and in the document, the code lists, the clipboard and its place on
 // the screen. The rules behind it are tested in the session and the core.
 #include "gui/app/placement.h"
+#include "gui/codes/codelistpane.h"
 #include "gui/editor/editdialog.h"
 #include "windowtest.h"
 
@@ -156,7 +157,7 @@ void EditDialogTest::lettersBAndWEncodeInTheirMode() {
 void EditDialogTest::codeListsAreShownOnTheMainWindowAndScrolled() {
     openOn(4);
     QTest::keyClick(entry(), Qt::Key_F5);
-    auto* codes = child<QListWidget>("List");
+    auto* codes = &child<CodeListPane>("List")->rows();
     QCOMPARE(codes->count(), 500);
     auto* scroll = in<QScrollBar>("VS");
     QVERIFY(scroll->isEnabled());

@@ -9,6 +9,7 @@
 #include <array>
 #include <charconv>
 #include <map>
+#include <mutex>
 
 namespace parlex {
 namespace {
@@ -25,14 +26,15 @@ constexpr std::array<CodeList, 7> kLists{{
 
 using Table = std::map<std::uint32_t, std::string>;
 
+// Each list is read from its text when it is first looked up: the window opens
+// needing one name, not every list.
 const Table& builtInTable(ListKey key) {
-    static const std::array<Table, 7> tables = [] {
-        std::array<Table, 7> t;
-        for (const auto& list : kLists)
-            t[static_cast<std::size_t>(list.key)] = codeTable(embedded::file(list.dataFile));
-        return t;
-    }();
-    return tables[static_cast<std::size_t>(key)];
+    static std::array<Table, 7> tables;
+    static std::array<std::once_flag, 7> read;
+    const auto index = static_cast<std::size_t>(key);
+    std::call_once(read[index],
+                   [&] { tables[index] = codeTable(embedded::file(codeList(key).dataFile)); });
+    return tables[index];
 }
 
 } // namespace

@@ -2,10 +2,12 @@
 
 #include "core/codelists/listkey.h"
 
-#include <QListWidget>
+#include <QFrame>
 #include <QtGlobal>
 #include <array>
 #include <optional>
+
+class QListWidget;
 
 namespace parlex::session {
 class ListLibrary;
@@ -31,8 +33,10 @@ inline constexpr std::array<ListMenu, 7> kListMenus{{
 }};
 
 // The pane of the main window that shows one code list (List), row by row. The byte
-// editor's scroll bar moves through it.
-class CodeListPane : public QListWidget {
+// editor's scroll bar moves through it. Until a list is first shown the pane draws
+// itself as an empty list: the list widget and Qt's item views behind it are made
+// then, not at start, since the window opens with no list shown.
+class CodeListPane : public QFrame {
     Q_OBJECT
 public:
     CodeListPane(session::ListLibrary& lists, QWidget* parent = nullptr);
@@ -43,6 +47,10 @@ public:
     void showRow(int row);
     // The first of the rows the user selected, if any.
     std::optional<int> firstSelectedRow() const;
+    // How many rows are shown; 0 before the first list.
+    int count() const;
+    // The list widget, made on the first call.
+    QListWidget& rows();
 
 protected:
     void changeEvent(QEvent* event) override; // a new language: the list shown again
@@ -50,6 +58,7 @@ protected:
 private:
     session::ListLibrary& lists_;
     std::optional<ListKey> shown_;
+    QListWidget* rows_ = nullptr;
 };
 
 } // namespace parlex::gui

@@ -281,7 +281,7 @@ void EditDialog::takeListPosition() {
 void EditDialog::showCodes(ListKey key) {
     codes_.showList(key);
     scroll_->setEnabled(true);
-    codes_.setCurrentRow(0);
+    codes_.showRow(0);
     const QSignalBlocker quiet(scroll_);
     scroll_->setMaximum(std::max(0, codes_.count() - 1));
     scroll_->setValue(0);

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include <utility>
+
 namespace parlex::gui {
 namespace {
 
@@ -111,17 +113,25 @@ void HelpText::paintEvent(QPaintEvent*) {
     if (text_.isEmpty())
         return;
     LaidOut& shown = laidOut(text_, width());
+    const auto drawLines = [&](QPainter& painter) {
+        painter.setPen(palette().color(QPalette::WindowText));
+        shown.layout->draw(&painter, QPointF(0, 0));
+    };
+    QPainter painter(this);
+    if (!std::exchange(shown.painted, true)) {
+        drawLines(painter);
+        return;
+    }
     const qreal ratio = devicePixelRatioF();
     if (shown.picture.isNull() || shown.picture.devicePixelRatio() != ratio) {
         const QSize size(width(), heightOf(*shown.layout));
         shown.picture = QPixmap(size * ratio);
         shown.picture.setDevicePixelRatio(ratio);
         shown.picture.fill(Qt::transparent);
-        QPainter painter(&shown.picture);
-        painter.setPen(palette().color(QPalette::WindowText));
-        shown.layout->draw(&painter, QPointF(0, 0));
+        QPainter onPicture(&shown.picture);
+        drawLines(onPicture);
     }
-    QPainter(this).drawPixmap(0, 0, shown.picture);
+    painter.drawPixmap(0, 0, shown.picture);
 }
 
 void HelpText::changeEvent(QEvent* event) {

@@ -13,8 +13,10 @@ namespace parlex::gui {
 // and broken into lines once per width, font and alignment, and later shown by
 // drawing the kept lines. The help texts are long and change on every move of the
 // mouse from one field to another; a plain label shapes them again each time it is
-// measured or painted, which made hovering slow. What is drawn is kept as a picture
-// too, so showing a text again is one copy of pixels.
+// measured or painted, which made hovering slow. A text painted a second time is kept
+// as a picture, so showing it again is one copy of pixels; the first paint draws the
+// lines straight away, so the window does not hold a picture of a text shown once
+// (the one at start among them).
 class HelpText : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QString text READ text WRITE setText)
@@ -42,7 +44,8 @@ protected:
 private:
     struct LaidOut {
         std::unique_ptr<QTextLayout> layout;
-        QPixmap picture; // drawn on first show
+        QPixmap picture; // drawn on the second paint
+        bool painted = false;
     };
     LaidOut& laidOut(const QString& text, int width) const;
     void forgetLayouts();
