@@ -65,10 +65,15 @@ void HelpPanel::setAlignmentIndex(int index) {
 QSize HelpPanel::sizeHint() const {
     QFont f = label_->font();
     f.setPointSize(kSmallest);
-    // Until the area is laid out, the window's width is the best guess of its own.
-    const int width = std::max({200, viewport()->width(), window()->width() - 16});
+    // The window's width less its margins: the texts are measured once for a width,
+    // and this one is known before the area is laid out.
+    const int width = std::max(200, window()->width() - 16);
     if (width == hintWidth_)
         return {width, hintHeight_};
+    // While the window is still being built its width is not yet its own; an estimate
+    // serves until it is polished for showing (see event()).
+    if (!testAttribute(Qt::WA_WState_Polished))
+        return {width, QFontMetrics(f).height() * 12};
     // Laying out text is the dear part of starting: only the few longest texts can
     // be the tallest, so only they are measured.
     std::vector<QString> texts;
@@ -83,6 +88,12 @@ QSize HelpPanel::sizeHint() const {
     hintWidth_ = width;
     hintHeight_ = tallest + 2 * frameWidth() + 4;
     return {width, hintHeight_};
+}
+
+bool HelpPanel::event(QEvent* event) {
+    if (event->type() == QEvent::Polish)
+        updateGeometry(); // the estimate gives way to the measured height
+    return QScrollArea::event(event);
 }
 
 bool HelpPanel::eventFilter(QObject* watched, QEvent* event) {

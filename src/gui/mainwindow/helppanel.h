@@ -32,6 +32,7 @@ signals:
     void styleChanged(int fontSize, int alignment);
 
 protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
