@@ -80,21 +80,28 @@ constexpr std::pair<Key, std::string_view> kKeys[] = {
 };
 constexpr std::size_t kKeyCount = std::size(kKeys);
 
-// The whole value as a number (blanks around it allowed), or nothing.
+// The whole value as a number (blanks around it allowed), or nothing. "." is the
+// decimal point whatever the user's locale says: from_chars where the standard library
+// reads floats with it, else a stream in the classic locale (which costs the start the
+// library's locale tables).
 std::optional<double> number(std::string_view s) {
     s = text::trimmed(s);
     if (!s.empty() && s.front() == '+')
         s.remove_prefix(1);
-    // A stream in the classic locale: "." whatever the user's locale says, and the
-    // same in every standard library (not all of them read floats with from_chars).
     if (s.empty() || s.front() == '+' || s.front() == ' ' || s.front() == '\t')
         return std::nullopt;
+    double value = 0;
+#if defined(__cpp_lib_to_chars) && __cpp_lib_to_chars >= 201611L
+    const auto [end, ec] = std::from_chars(s.data(), s.data() + s.size(), value);
+    if (ec != std::errc() || end != s.data() + s.size() || !std::isfinite(value))
+        return std::nullopt;
+#else
     std::istringstream in{std::string(s)};
     in.imbue(std::locale::classic());
-    double value = 0;
     in >> std::noskipws >> value;
     if (in.fail() || in.peek() != std::char_traits<char>::eof() || !std::isfinite(value))
         return std::nullopt;
+#endif
     return value;
 }
 
