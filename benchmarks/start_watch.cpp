@@ -1,10 +1,12 @@
 // start-watch: starts a program on the X display and tells how long it took from the
-// start until the X server mapped its first window, and how much memory (resident
-// set) it holds half a second later, when its first paint is done. It listens for
-// the server's own map events instead of asking the server again and again, so the
-// watching takes no time from the program watched.
-// Usage: start-watch PROGRAM [ARGUMENTS...]; prints "MICROSECONDS KIB" on standard
-// output; exit status 1 when no window appeared within 10 seconds.
+// start until the X server mapped its first window, and until the program first drew
+// into that window (its first picture on the screen), and how much memory (resident
+// set) it holds half a second after that. It listens for the server's own events (map
+// and damage) instead of asking the server again and again, so the watching takes no
+// time from the program watched.
+// Usage: start-watch PROGRAM [ARGUMENTS...]; prints "MAPPED_US DRAWN_US KIB" on
+// standard output; exit status 1 when no window was drawn within 10 seconds.
+#include <xcb/damage.h>
 #include <xcb/xcb.h>
 
 #include <chrono>
@@ -49,6 +51,15 @@ int main(int argc, char** argv) {
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(x));
     for (int i = 0; i < screenNumber; ++i)
         xcb_screen_next(&screens);
+    // Damage tells when a window is drawn into; it must be asked for its version first.
+    const xcb_query_extension_reply_t* damage = xcb_get_extension_data(x, &xcb_damage_id);
+    if (!damage || !damage->present) {
+        std::fprintf(stderr, "start-watch: the X server has no DAMAGE extension\n");
+        return 2;
+    }
+    free(xcb_damage_query_version_reply(
+        x, xcb_damage_query_version(x, XCB_DAMAGE_MAJOR_VERSION, XCB_DAMAGE_MINOR_VERSION),
+        nullptr));
     const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     // A reply makes sure the server listens for us before the program starts.
     free(xcb_request_check(
@@ -61,21 +72,34 @@ int main(int argc, char** argv) {
         _exit(127);
     }
     const auto deadline = start + std::chrono::seconds(10);
+    const auto since = [&](std::chrono::steady_clock::time_point t) {
+        return static_cast<long long>(
+            std::chrono::duration_cast<std::chrono::microseconds>(t - start).count());
+    };
+    long long mapped = -1;
     pollfd fd{xcb_get_file_descriptor(x), POLLIN, 0};
     while (std::chrono::steady_clock::now() < deadline) {
         while (xcb_generic_event_t* event = xcb_poll_for_event(x)) {
-            const bool mapped = (event->response_type & 0x7f) == XCB_MAP_NOTIFY;
+            const auto now = std::chrono::steady_clock::now();
+            const int type = event->response_type & 0x7f;
+            if (type == XCB_CREATE_NOTIFY) {
+                // Every new window is watched for drawing from the moment it exists,
+                // before the program can draw into it.
+                const auto* created = reinterpret_cast<xcb_create_notify_event_t*>(event);
+                xcb_damage_create(x, xcb_generate_id(x), created->window,
+                                  XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
+                xcb_flush(x);
+            } else if (type == XCB_MAP_NOTIFY && mapped < 0) {
+                mapped = since(now);
+            } else if (type == damage->first_event + XCB_DAMAGE_NOTIFY && mapped >= 0) {
+                free(event);
+                std::this_thread::sleep_for(std::chrono::milliseconds(500));
+                const long kib = residentKib(pid);
+                stop(pid);
+                std::printf("%lld %lld %ld\n", mapped, since(now), kib);
+                return 0;
+            }
             free(event);
-            if (!mapped)
-                continue;
-            const auto shown = std::chrono::steady_clock::now();
-            std::this_thread::sleep_for(std::chrono::milliseconds(500));
-            const long kib = residentKib(pid);
-            stop(pid);
-            const auto us =
-                std::chrono::duration_cast<std::chrono::microseconds>(shown - start).count();
-            std::printf("%lld %ld\n", static_cast<long long>(us), kib);
-            return 0;
         }
         if (waitpid(pid, nullptr, WNOHANG) == pid)
             break; // the program ended without a window

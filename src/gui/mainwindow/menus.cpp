@@ -141,6 +141,9 @@ MainMenus::MainMenus(QMainWindow* window) : window_(window) {
     popup_ = new QMenu(window);
     popup_->setObjectName("nPopUp");
     fill(popup_, popupItems());
+    for (QAction* a : window->findChildren<QAction*>())
+        if (!a->objectName().isEmpty() && !actions_.contains(a->objectName()))
+            actions_.insert(a->objectName(), a);
 }
 
 void MainMenus::retranslate() {
@@ -160,7 +163,9 @@ void MainMenus::retranslate() {
 }
 
 QAction* MainMenus::action(const QString& name) const {
-    return window_->findChild<QAction*>(name);
+    if (auto found = actions_.constFind(name); found != actions_.cend())
+        return *found;
+    return window_->findChild<QAction*>(name); // one made after the menus
 }
 
 } // namespace parlex::gui
