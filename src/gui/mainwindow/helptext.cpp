@@ -86,9 +86,12 @@ void HelpText::forgetLayouts() {
 void HelpText::setText(const QString& text) {
     if (text == text_)
         return;
-    const int before = heightForWidth(width());
+    // Hidden, the width is not yet the one the text will show at: it is laid out when
+    // the area is, not here.
+    const bool shown = isVisible();
+    const int before = shown ? heightForWidth(width()) : -1;
     text_ = text;
-    if (heightForWidth(width()) != before)
+    if (!shown || heightForWidth(width()) != before)
         updateGeometry(); // only a new height makes the area lay out again
     update();
     announceTextChange(this);
@@ -106,6 +109,9 @@ int HelpText::heightForWidth(int width) const {
 }
 
 QSize HelpText::sizeHint() const {
+    // Until its area has given it a width the text has none to be laid out at.
+    if (!testAttribute(Qt::WA_Resized))
+        return {width(), 0};
     return {width(), heightForWidth(width())};
 }
 
