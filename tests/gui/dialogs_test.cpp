@@ -97,8 +97,9 @@ void DialogsTest::qtPicturesAreTheStylesOnceDrawn() {
 void DialogsTest::theProgramsPicturesComeInEverySizeDrawn() {
     QCOMPARE(parlex::gui::programIcon().availableSizes(),
              (QList<QSize>{{16, 16}, {24, 24}, {32, 32}, {48, 48}, {64, 64}}));
+    QCOMPARE(parlex::gui::aboutPicture().availableSizes().last(), QSize(128, 128));
     QCOMPARE(parlex::gui::scriptIcon().availableSizes(), (QList<QSize>{{16, 16}, {32, 32}}));
-    for (const QIcon& icon : {parlex::gui::programIcon(), parlex::gui::scriptIcon()})
+    for (const QIcon& icon : {parlex::gui::aboutPicture(), parlex::gui::scriptIcon()})
         QVERIFY(icon.pixmap(16).toImage().pixelColor(8, 8).alpha() > 0);
 }
 

@@ -6,19 +6,26 @@
 namespace parlex::gui {
 namespace {
 
-QIcon iconOf(std::span<const drawings::Drawing> drawn) {
+// The pictures up to `largest` pixels.
+QIcon iconOf(std::span<const drawings::Drawing> drawn, int largest = 1 << 16) {
     QIcon icon;
     for (const auto& d : drawn)
-        icon.addPixmap(QPixmap::fromImage(QImage(reinterpret_cast<const uchar*>(d.pixels), d.size,
-                                                 d.size, QImage::Format_ARGB32_Premultiplied)));
+        if (d.size <= largest)
+            icon.addPixmap(
+                QPixmap::fromImage(QImage(reinterpret_cast<const uchar*>(d.pixels), d.size, d.size,
+                                          QImage::Format_ARGB32_Premultiplied)));
     return icon;
 }
 
 } // namespace
 
 QIcon programIcon() {
-    static const QIcon icon = iconOf(drawings::program());
+    static const QIcon icon = iconOf(drawings::program(), 64);
     return icon;
+}
+
+QIcon aboutPicture() {
+    return iconOf(drawings::program());
 }
 
 QIcon scriptIcon() {

@@ -23,8 +23,11 @@ std::span<const Drawing> script();  // a script file: the status bar
 } // namespace drawings
 
 // An icon that has the picture at every size drawn: a screen of any pixel ratio
-// gets the nearest one.
+// gets the nearest one. The windows' icon stops at 64 pixels: a window sends every
+// size its icon has to the X server as it is made, and title bars and task bars need
+// no more; the About box shows the picture at 64 points, so it has them all.
 QIcon programIcon();
+QIcon aboutPicture();
 QIcon scriptIcon();
 
 } // namespace parlex::gui

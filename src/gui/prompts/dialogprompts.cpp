@@ -1,5 +1,6 @@
 #include "gui/prompts/dialogprompts.h"
 
+#include "gui/app/drawings.h"
 #include "gui/prompts/fontchooser.h"
 
 #include <QApplication>
@@ -98,7 +99,11 @@ std::optional<UserPrompts::FileChoice> DialogPrompts::saveFile(const FileRequest
 }
 
 void DialogPrompts::about(const QString& title, const QString& text) {
-    QMessageBox::about(parent_, title, text);
+    // As QMessageBox::about, with the program's picture at 64 points drawn for the
+    // screen's pixel ratio (the windows' icon has it only up to 64 pixels).
+    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::Ok, parent_);
+    box.setIconPixmap(aboutPicture().pixmap(QSize(64, 64), box.devicePixelRatioF()));
+    box.exec();
 }
 
 void DialogPrompts::beep() {
