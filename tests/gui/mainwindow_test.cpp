@@ -85,6 +85,11 @@ void MainWindowTest::controlsAndMenusHaveTheirNamesAndStartStates() {
     QCOMPARE(act("nRedo")->shortcuts(),
              (QList<QKeySequence>{QKeySequence("Ctrl+Y"), QKeySequence("Ctrl+Shift+Z")}));
     QCOMPARE(win().minimumSize(), QSize(600, 467));
+    // No list is shown at start: the pane stands in for one until the first.
+    QVERIFY(!child("List")->findChild<QListWidget*>());
+    QCOMPARE(QAccessible::queryAccessibleInterface(child("List"))->role(), QAccessible::List);
+    act("nReact")->trigger();
+    QVERIFY(child("List")->findChild<QListWidget*>()->count() > 0);
 }
 
 void MainWindowTest::openingShowsFileNameAndRecord() {
