@@ -211,12 +211,4 @@ TEST_F(Languages, TheEnvironmentChoosesWithoutLang) {
 }
 #endif
 
-TEST_F(Languages, AnUnknownLanguageIsAWrongCall) {
-    for (const char* line : {"info @mod/0/0.npc --lang de", "--lang"}) {
-        const clitest::Run run = clitest::runCli(clitest::words(line, root()));
-        EXPECT_EQ(run.status, 2) << line;
-        EXPECT_NE(run.err.find("--lang"), std::string::npos) << line;
-    }
-}
-
 } // namespace
