@@ -170,6 +170,7 @@ void SpeechPaneTest::colourAndFontFromThePopUp() {
     f->prompts.colourAnswer = 0xFFFF80;
     act("nFon")->trigger();
     QCOMPARE(text()->palette().color(QPalette::Base), QColor(0xFF, 0xFF, 0x80));
+    openEdt("p.edt", EdtKind::NpcDialogues, {{1, "Один"}}); // the font shows with a phrase
     f->prompts.fontAnswer = TextFont{"Serif", 14, true, true};
     act("nFont")->trigger();
     QVERIFY(text()->font().bold() && text()->font().italic());

@@ -82,6 +82,8 @@ void WindowSettingsTest::aStartAfterARunBringsItAllBack() {
     QCOMPARE(help->fontSize(), 12);
     QCOMPARE(help->alignmentIndex(), 1);
     const auto* text = next.findChild<QPlainTextEdit*>("Txt");
+    // The phrase font waits for a phrase to show: here, a new speech document.
+    next.session().speech().newDocument(EdtKind::NpcDialogues);
     QCOMPARE(std::tuple(text->font().family(), text->font().pointSizeF(), text->font().italic()),
              std::tuple(QString("Serif"), 13.0, true));
     QCOMPARE(text->palette().color(QPalette::Base), QColor(0xFF, 0xFF, 0x80));

@@ -3,7 +3,6 @@
 #include "core/explain/fieldlayout.h"
 #include "core/text/hex.h"
 
-#include <QFontDatabase>
 #include <QGridLayout>
 #include <QMouseEvent>
 
@@ -17,14 +16,12 @@ ByteGrid::ByteGrid(QWidget* parent) : QFrame(parent) {
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setHorizontalSpacing(0);
-    const QFont mono = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     for (int i = 0; i < static_cast<int>(kRecordSize); ++i) {
         auto* label = new QLabel(this);
         label->setObjectName("Lbl" + QString::number(i));
         label->setAlignment(Qt::AlignCenter);
         label->setFrameStyle(QFrame::Box | QFrame::Plain);
         label->setMinimumSize(16, 22);
-        label->setFont(mono);
         label->setMouseTracking(true);
         label->setAutoFillBackground(true);
         label->installEventFilter(this);

@@ -170,6 +170,13 @@ void SpeechPane::applyStyle() {
     QPalette p = text_->palette();
     p.setColor(QPalette::Base, QColor::fromRgb(o.phraseBackColour));
     text_->setPalette(p);
+    if (fontApplied_)
+        applyFont();
+}
+
+void SpeechPane::applyFont() {
+    fontApplied_ = true;
+    const Options& o = speech_.options();
     QFont f(QString::fromStdString(o.phraseFont.family));
     f.setPointSizeF(o.phraseFont.pointSize);
     f.setBold(o.phraseFont.bold);
@@ -178,6 +185,8 @@ void SpeechPane::applyStyle() {
 }
 
 void SpeechPane::showDocument() {
+    if (!fontApplied_)
+        applyFont();
     text_->setReadOnly(false); // unlocked for good by the first document
     button("Print")->setEnabled(speech_.canDecompile());
     showPath();

@@ -26,7 +26,9 @@ public:
     QAction* button(const QString& key) const;
     // The properties window of the speech file, modal over the main window.
     void showProperties();
-    // The colour and the font of the phrase text from the options.
+    // The colour and the font of the phrase text from the options. The font waits for
+    // the first speech document: an empty pane shows no text, and loading a font that
+    // shows nothing would cost the start its time.
     void applyStyle();
 
 protected:
@@ -35,6 +37,7 @@ protected:
 
 private:
     void retranslate();
+    void applyFont();
     void showDocument();
     void showPhrase();
     void showCounters();
@@ -46,6 +49,7 @@ private:
     QPlainTextEdit* text_;
     StatusPanels* status_;
     bool notOpenShown_ = false; // the path panel tells that no speech file is open
+    bool fontApplied_ = false;  // the phrase font is set: a document has been shown
 };
 
 } // namespace parlex::gui
