@@ -112,6 +112,13 @@ TEST_F(ModTest, LintChecksThePhrasesAgainstTheSpeechFileBeside) {
     EXPECT_EQ(findings[0].message, "фразы 6-7 нет в файле 001.EDT (в нём фраз: 6)");
     EXPECT_EQ(findings[1].message, "фраза 4 в файле 001.EDT пустая");
     EXPECT_EQ(findings[1].field, 13);
+    // English says "phrase" for one that is missing, "phrases" for more.
+    const auto english = lintScript(script, lists, Language::English);
+    EXPECT_EQ(english[0].message, "phrases 6-7 are not in the file 001.EDT (it has 6 phrases)");
+    const auto one = put("002.npc", scriptWith({{2, {{13, 6}}}}));
+    ASSERT_TRUE(speech.saveAs(dir / "002.EDT"));
+    EXPECT_EQ(lintScript(one, lists, Language::English).at(0).message,
+              "phrase 6 is not in the file 002.EDT (it has 6 phrases)");
 
     testutil::writeBytes(dir / "001.EDT", {1, 2, 3});
     expectStarts(lintScript(script, lists),

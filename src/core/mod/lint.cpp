@@ -61,9 +61,10 @@ void lintPhrases(const fs::path& script, int position, const NpcRecord& record,
     }
     const std::string name = speech.file->title();
     if (!missing.empty())
-        findings.push_back({script, position, fields::PhraseFirst, Severity::Warning,
-                            fill(kTexts(Say::PhrasesMissing, language),
-                                 {numberRanges(missing), name, std::to_string(speech.phrases)})});
+        findings.push_back(
+            {script, position, fields::PhraseFirst, Severity::Warning,
+             fill(kTexts(missing.size() == 1 ? Say::PhraseMissing : Say::PhrasesMissing, language),
+                  {numberRanges(missing), name, std::to_string(speech.phrases)})});
     if (!empty.empty())
         findings.push_back(
             {script, position, fields::PhraseFirst, Severity::Warning,
