@@ -126,6 +126,12 @@ FAULTS = [
     # ---------------------------------------------------------------- gui
     ("hover-colour", "gui", "the field under the mouse is marked yellow-green",
      "const QColor ByteGrid::kHover{192, 255, 192};", "const QColor ByteGrid::kHover{255, 255, 192};"),
+    ("grid-paint-colour", "gui", "the byte grid paints every cell in the normal colour",
+     "painter.fillRect(cell, colours_[at]);",
+     "painter.fillRect(cell, palette().color(QPalette::Button));"),
+    ("grid-cell-unread", "gui", "a screen reader reads the grid's cells as empty",
+     "return t == QAccessible::Name || t == QAccessible::Value ? grid()->text(index())",
+     "return t == QAccessible::Name || t == QAccessible::Value ? QString()"),
     ("key-ctrl-plus", "gui", "Ctrl+pad plus steps one record instead of five",
      "return mods == Mods::Ctrl ? Command::ForwardFive : Command::Next;",
      "return mods == Mods::Ctrl ? Command::Next : Command::ForwardFive;"),

@@ -41,7 +41,7 @@ private:
     void click(const char* button) { QTest::mouseClick(in<QPushButton>(button), Qt::LeftButton); }
     void openOn(int byte) {
         hoverOn(byte);
-        QTest::mouseDClick(lbl(byte), Qt::LeftButton, Qt::NoModifier, QPoint(3, 3));
+        QTest::mouseDClick(grid(), Qt::LeftButton, Qt::NoModifier, cellCentre(byte));
         QVERIFY(dialog());
         QVERIFY(QTest::qWaitForWindowExposed(dialog()));
     }
@@ -91,15 +91,15 @@ void EditDialogTest::typeReplaceApplyAndUndo() {
     click("Com1");
     QCOMPARE(in<QLabel>("L_H")->text(), "0C 01");
     QCOMPARE(in<QLabel>("L_D")->text(), "268");
-    QCOMPARE(lbl(4)->text(), "FF"); // the grid waits for Apply
+    QCOMPARE(cellText(4), "FF"); // the grid waits for Apply
     QVERIFY(in<QPushButton>("Com2")->isEnabled());
     QVERIFY(!changed());
 
     click("Com2");
     QVERIFY(dialog()); // Apply keeps the dialog open
     QVERIFY(!in<QPushButton>("Com2")->isEnabled());
-    QCOMPARE(lbl(4)->text(), "0C");
-    QCOMPARE(lbl(5)->text(), "01");
+    QCOMPARE(cellText(4), "0C");
+    QCOMPARE(cellText(5), "01");
     QCOMPARE(win().session().cursor().currentRecord()->at(4), 0x0C);
     QVERIFY(info().contains("268"));
     QVERIFY(changed());

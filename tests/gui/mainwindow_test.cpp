@@ -41,6 +41,7 @@ private slots:
     void pinIsYellowAndFollowsRecords();
     void alertAndRemarkAreShown();
     void longSentencesAreElidedWithTheirTextAsToolTip();
+    void theGridTellsWhatClicksDoWhenToolTipsAreOn();
     void theLongestHelpTextCanBeReadWhole();
     void selfDrawnTextsAreReadByAssistiveTechnology();
     void keysReachTheMapFromAnyControl();
@@ -70,7 +71,8 @@ void MainWindowTest::cleanup() {
 
 void MainWindowTest::controlsAndMenusHaveTheirNamesAndStartStates() {
     for (int i = 0; i < 32; ++i)
-        QVERIFY2(lbl(i), qPrintable("Lbl" + QString::number(i)));
+        QVERIFY2(win().findChild<QObject*>("Lbl" + QString::number(i)),
+                 qPrintable("Lbl" + QString::number(i)));
     for (const char* name : {"LblInfo", "LblSize", "LblHelp", "List", "Txt", "TBar", "SBar",
                              "SBarD", "SBarInf", "Slider", "Frame", "Frame1", "Pic1", "Pic3"})
         QVERIFY2(child(name), name);
@@ -102,11 +104,11 @@ void MainWindowTest::openingShowsFileNameAndRecord() {
     QVERIFY(!act("nPaste")->isEnabled()); // nothing copied yet
     act("nCopy")->trigger();
     QVERIFY(act("nPaste")->isEnabled());
-    QCOMPARE(lbl(0)->text(), QString("00"));
+    QCOMPARE(cellText(0), QString("00"));
     QCOMPARE(info(), QString("Запись пустая"));
     QCOMPARE(panel("SBarInf", 1), QString("01:01 (01-02 as Word)"));
     child<QSlider>("Slider")->setValue(3);
-    QCOMPARE(lbl(4)->text(), QString("FF"));
+    QCOMPARE(cellText(4), QString("FF"));
     QCOMPARE(panel("SBarInf", 1), QString("03:01 (01-02 as Word)"));
     QVERIFY(act("nBack")->isEnabled());
 }
@@ -134,8 +136,10 @@ void MainWindowTest::hoverPaintsTheField() {
     QCOMPARE(panel("SBarInf", 1), position);
     for (int i = 0; i < 32; ++i)
         QCOMPARE(grid()->colour(i), marked.contains(i) ? ByteGrid::kHover : normal());
-    for (int i = 0; i < 32; ++i) // what is shown is what is painted
-        QCOMPARE(lbl(i)->palette().color(QPalette::Window), grid()->colour(i));
+    const QImage painted = grid()->grab().toImage(); // what is shown is what is painted
+    for (int i = 0; i < 32; ++i)
+        QCOMPARE(painted.pixelColor(grid()->cellRect(i).topLeft() + QPoint(2, 2)),
+                 grid()->colour(i));
     QVERIFY2(child<HelpText>("LblHelp")->text().startsWith(helpStart),
              qPrintable(child<HelpText>("LblHelp")->text()));
 }
@@ -190,6 +194,16 @@ void MainWindowTest::longSentencesAreElidedWithTheirTextAsToolTip() {
     QVERIFY(sentence->geometry().right() < win().width());
 }
 
+void MainWindowTest::theGridTellsWhatClicksDoWhenToolTipsAreOn() {
+    QVERIFY(open(write("t.npc", testutil::script({1}))));
+    for (const bool on : {true, false}) {
+        win().session().updateOptions([on](Options& o) { o.toolTips = on; });
+        hoverOn(5);
+        QCOMPARE(grid()->toolTip(),
+                 on ? QString("П. клик-выделить Дв. клик-редактировать") : QString());
+    }
+}
+
 // Either the help area shows the whole of the longest text, or it scrolls to it.
 void MainWindowTest::theLongestHelpTextCanBeReadWhole() {
     QVERIFY(open(write("l.npc", testutil::script({1}))));
@@ -229,6 +243,21 @@ void MainWindowTest::selfDrawnTextsAreReadByAssistiveTechnology() {
     QVERIFY(reader("LblHelp")->text(QAccessible::Name).startsWith("Байт 20"));
     QVERIFY(reader("LblInfo")->text(QAccessible::Name).startsWith("Данный байт"));
     QVERIFY(!reader("SBarInf_1")->text(QAccessible::Name).isEmpty());
+
+    // The grid reads as a row of its 32 bytes, each where it is drawn.
+    QAccessibleInterface* row = reader("Frame");
+    QCOMPARE(row->childCount(), 32);
+    for (int i : {0, 4, 31}) {
+        QAccessibleInterface* cell = row->child(i);
+        QCOMPARE(cell->object(), win().findChild<QObject*>("Lbl" + QString::number(i)));
+        QCOMPARE(cell->role(), QAccessible::StaticText);
+        QCOMPARE(cell->text(QAccessible::Name), cellText(i));
+        QCOMPARE(row->indexOfChild(cell), i);
+        QCOMPARE(cell->parent()->object(), grid());
+        const QPoint centre = cell->rect().center();
+        QCOMPARE(row->childAt(centre.x(), centre.y()), cell);
+    }
+    QCOMPARE(cellText(4), QString("FF"));
 }
 
 // Which key means what is the key map's; here: that keys reach it from any control.
@@ -257,7 +286,7 @@ void MainWindowTest::undoAndRedoFromTheMenuAndKeys() {
     auto* text = child<QPlainTextEdit>("Txt");
     text->setFocus();
     QTest::keyClick(text, Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(lbl(4)->text(), QString("00"));
+    QCOMPARE(cellText(4), QString("00"));
     child("List")->setFocus();
     const std::pair<std::function<void()>, const char*> steps[] = {
         {[&] { QTest::keyClick(child("List"), Qt::Key_Z, Qt::ControlModifier); }, "FF"},
@@ -268,7 +297,7 @@ void MainWindowTest::undoAndRedoFromTheMenuAndKeys() {
     };
     for (const auto& [step, byte] : steps) {
         step();
-        QCOMPARE(lbl(4)->text(), QString(byte));
+        QCOMPARE(cellText(4), QString(byte));
     }
     QVERIFY(changed());
 }

@@ -38,8 +38,9 @@ protected:
         return win().findChild<T*>(name);
     }
     QAction* act(const QString& name) { return win().findChild<QAction*>(name); }
-    QLabel* lbl(int i) { return child<QLabel>("Lbl" + QString::number(i)); }
     parlex::gui::ByteGrid* grid() { return child<parlex::gui::ByteGrid>("Frame"); }
+    QString cellText(int i) { return grid()->text(i); }
+    QPoint cellCentre(int i) { return grid()->cellRect(i).center(); }
     QString info() { return child<QLabel>("LblInfo")->text(); }
 
     QString write(const std::string& name, const std::vector<std::uint8_t>& bytes) {
@@ -48,12 +49,13 @@ protected:
     }
     bool open(const QString& path) { return win().session().flows().openPath(path.toStdString()); }
     void hoverOn(int index) {
-        QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), lbl(index)->mapToGlobal(QPointF(3, 3)),
-                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(lbl(index), &move);
+        const QPointF at = cellCentre(index);
+        QMouseEvent move(QEvent::MouseMove, at, grid()->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(grid(), &move);
     }
     void clickOn(int index, Qt::MouseButton button) {
-        QTest::mousePress(lbl(index), button, Qt::NoModifier, QPoint(3, 3));
+        QTest::mousePress(grid(), button, Qt::NoModifier, cellCentre(index));
     }
     bool changed() { return win().session().script()->isChanged(); }
 };

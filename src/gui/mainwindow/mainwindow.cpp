@@ -386,8 +386,8 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
             slider_->setToolTip(session_.options().toolTips && slider_->isEnabled()
                                     ? tr("Выбор записи")
                                     : QString());
-        else if (auto* label = qobject_cast<QLabel*>(watched); label && label->parent() == grid_)
-            label->setToolTip(session_.options().toolTips && session_.cursor().currentRecord()
+        else if (watched == grid_)
+            grid_->setToolTip(session_.options().toolTips && session_.cursor().currentRecord()
                                   ? tr("П. клик-выделить Дв. клик-редактировать")
                                   : QString());
         return false;
