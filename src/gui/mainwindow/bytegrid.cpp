@@ -142,17 +142,10 @@ QRect ByteGrid::cellRect(int index) const {
 }
 
 int ByteGrid::cellAt(QPoint at) const {
-    const QRect area = contentsRect();
-    if (!area.contains(at))
-        return -1;
-    const int n = static_cast<int>(kRecordSize);
-    int index = (at.x() - area.left()) * n / area.width();
-    // The integer division of cellRect can put a pixel one cell on either side.
-    while (index > 0 && cellRect(index).left() > at.x())
-        --index;
-    while (index < n - 1 && cellRect(index).right() < at.x())
-        ++index;
-    return index;
+    for (int i = 0; i < static_cast<int>(kRecordSize); ++i)
+        if (cellRect(i).contains(at))
+            return i;
+    return -1;
 }
 
 QSize ByteGrid::sizeHint() const {
